@@ -1,0 +1,26 @@
+#include "core/application_folder.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+QString withTrailingSeparator(const QString &folder)
+{
+    QString native = QDir::toNativeSeparators(folder);
+    while (native.endsWith(QDir::separator())) {
+        native.chop(1);
+    }
+    return native + QDir::separator();
+}
+
+QString applicationFolder(const QString &executableFolder)
+{
+    if (const QString home = qEnvironmentVariable("PYLOX_HOME"); !home.isEmpty()) {
+        return withTrailingSeparator(home);
+    }
+    if (const QFileInfo folder(executableFolder); folder.isDir() && folder.isWritable()) {
+        return withTrailingSeparator(executableFolder);
+    }
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return withTrailingSeparator(data + u"/pylox-chat");
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+enum class PromptIcon { Stop, Warning, Question, Information };
+enum class PromptButtons { Ok, YesNo };
+enum class PromptAnswer { Ok, Yes, No };
+
+/// Message boxes. Asking blocks the caller while events go on; a box closed without an answer says No, or Ok
+/// where there is nothing to decline.
+class Prompts
+{
+public:
+    Prompts() = default;
+    Prompts(const Prompts &) = delete;
+    Prompts &operator=(const Prompts &) = delete;
+    virtual ~Prompts() = default;
+
+    virtual PromptAnswer ask(const QString &text, const QString &caption, PromptIcon icon,
+                             PromptButtons buttons) = 0;
+
+    /// A box with nothing to decide.
+    void tell(const QString &text, const QString &caption, PromptIcon icon)
+    {
+        ask(text, caption, icon, PromptButtons::Ok);
+    }
+};
