@@ -4,7 +4,10 @@
 
 #include <chrono>
 
-QDateTime SystemClock::now() const { return QDateTime::currentDateTime(); }
+QDateTime SystemClock::now() const
+{
+    return QDateTime::currentDateTime();
+}
 
 qint64 SystemClock::steadyMilliseconds() const
 {
@@ -12,4 +15,7 @@ qint64 SystemClock::steadyMilliseconds() const
     return std::chrono::duration_cast<std::chrono::milliseconds>(sinceStart).count();
 }
 
-void SystemClock::block(qint64 milliseconds) { QThread::msleep(static_cast<unsigned long>(milliseconds)); }
+void SystemClock::block(qint64 milliseconds)
+{
+    QThread::msleep(static_cast<unsigned long>(milliseconds));
+}

@@ -53,11 +53,14 @@ ColourValue SystemColours::resolve(ColourValue colour) const
 QString RTFColour(ColourValue colour, const SystemColours &systemColours)
 {
     const ColourValue rgb = systemColours.resolve(colour);
-    return u"\\red" + QString::number(rgb & 0xFF) + u"\\green" + QString::number((rgb >> 8) & 0xFF) + u"\\blue" +
-           QString::number((rgb >> 16) & 0xFF) + u';';
+    return u"\\red" + QString::number(rgb & 0xFF) + u"\\green" + QString::number((rgb >> 8) & 0xFF) +
+           u"\\blue" + QString::number((rgb >> 16) & 0xFF) + u';';
 }
 
-ColourValue InvertColour(ColourValue colour) { return ~colour & 0x00FFFFFFU; }
+ColourValue InvertColour(ColourValue colour)
+{
+    return ~colour & 0x00FFFFFFU;
+}
 
 QString EscapeRTF(QStringView text)
 {

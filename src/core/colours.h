@@ -12,7 +12,8 @@ class SystemColours
 public:
     explicit SystemColours(const QPalette &palette) : m_palette(palette) {}
 
-    /// The colour with this index (5 is the window background, 8 the window text …); black for an unknown one.
+    /// The colour with this index (5 is the window background, 8 the window text …); black for an unknown
+    /// one.
     [[nodiscard]] ColourValue at(quint32 index) const;
 
     /// The colour itself, or the system colour that the value names.

@@ -41,4 +41,7 @@ QString CommandLine::roomName() const
     return (end < 0 ? *rest : rest->first(end)).toString();
 }
 
-bool CommandLine::showCategories() const { return m_text.contains(u"-showcat"); }
+bool CommandLine::showCategories() const
+{
+    return m_text.contains(u"-showcat");
+}

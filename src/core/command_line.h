@@ -5,8 +5,8 @@
 
 #include <optional>
 
-/// The options of the command line. Each is found by searching the whole line as plain text, so that they come
-/// in any order and need no spaces between them: -port5190~-cid42 -cnmLounge~-showcat
+/// The options of the command line. Each is found by searching the whole line as plain text, so that they
+/// come in any order and need no spaces between them: -port5190~-cid42 -cnmLounge~-showcat
 class CommandLine
 {
 public:

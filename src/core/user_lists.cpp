@@ -15,7 +15,10 @@ auto findUser(List &list, const QString &id)
 
 } // namespace
 
-UserList emptyUserList() { return {ListedUser{}}; }
+UserList emptyUserList()
+{
+    return {ListedUser{}};
+}
 
 UserList *UserLists::withCode(char16_t listCode)
 {
@@ -50,9 +53,15 @@ void RemoveFromList(UserLists &lists, char16_t listCode, const QString &id)
     }
 }
 
-bool IsInList(const UserList &list, const QString &id) { return findUser(list, id) != list.end(); }
+bool IsInList(const UserList &list, const QString &id)
+{
+    return findUser(list, id) != list.end();
+}
 
-bool IsPyloxContact(const UserLists &lists, const QString &id) { return IsInList(lists.PyloxContacts, id); }
+bool IsPyloxContact(const UserLists &lists, const QString &id)
+{
+    return IsInList(lists.PyloxContacts, id);
+}
 
 QString GetContactName(const UserLists &lists, const QString &id, const QString &defaultName)
 {

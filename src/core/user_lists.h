@@ -34,7 +34,8 @@ struct UserLists
 /// when the id is empty, or for an unknown letter.
 void AddToList(UserLists &lists, char16_t listCode, const QString &id, const QString &name);
 
-/// Empties the id of the first entry with this id; its name and slot stay. Nothing happens when there is none.
+/// Empties the id of the first entry with this id; its name and slot stay. Nothing happens when there is
+/// none.
 void RemoveFromList(UserLists &lists, char16_t listCode, const QString &id);
 
 /// True when the id is in the list. The empty id is in no list.

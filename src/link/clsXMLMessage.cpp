@@ -66,7 +66,10 @@ clsXMLPart *colXMLParts::Item(QStringView key)
     return nullptr;
 }
 
-const clsXMLPart *colXMLParts::Item(QStringView key) const { return const_cast<colXMLParts *>(this)->Item(key); }
+const clsXMLPart *colXMLParts::Item(QStringView key) const
+{
+    return const_cast<colXMLParts *>(this)->Item(key);
+}
 
 const clsXMLPart *colXMLParts::Item(qsizetype position) const
 {
@@ -106,7 +109,10 @@ clsXMLMessage &colXMLMessage::append(QStringView name, QStringView key)
     return *child;
 }
 
-colXMLMessage::iterator colXMLMessage::begin() const { return iterator(m_first); }
+colXMLMessage::iterator colXMLMessage::begin() const
+{
+    return iterator(m_first);
+}
 
 const clsXMLMessage *colXMLMessage::Item(qsizetype position) const
 {

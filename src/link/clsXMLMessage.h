@@ -7,9 +7,9 @@
 #include <memory_resource>
 #include <optional>
 
-/// The tree of one message of the protocol: elements with attributes and children. The tree is built once, read
-/// by name and dropped as a whole, so all of it lives in the arena of its XMLDocument and an element costs no
-/// allocation of its own. Texts are views: of the message that was parsed, or of the arena.
+/// The tree of one message of the protocol: elements with attributes and children. The tree is built once,
+/// read by name and dropped as a whole, so all of it lives in the arena of its XMLDocument and an element
+/// costs no allocation of its own. Texts are views: of the message that was parsed, or of the arena.
 
 /// One attribute.
 struct clsXMLPart
@@ -85,8 +85,8 @@ public:
 
     explicit colXMLParts(XMLArena &arena) : m_arena(&arena) {}
 
-    /// Adds copies of the texts under the name or, when that is empty, under the key; with both empty the part
-    /// is made but not stored. Null, and nothing added, when the key is already present.
+    /// Adds copies of the texts under the name or, when that is empty, under the key; with both empty the
+    /// part is made but not stored. Null, and nothing added, when the key is already present.
     clsXMLPart *Add(QStringView name, QStringView value, QStringView key = {});
 
     /// The part under the key, or null.

@@ -18,14 +18,18 @@ std::span<char> MessageFramer::tail()
     return {m_block.get() + m_end, static_cast<std::size_t>(blockSize - m_end)};
 }
 
-void MessageFramer::commit(qsizetype count) { m_end += count; }
+void MessageFramer::commit(qsizetype count)
+{
+    m_end += count;
+}
 
 std::optional<QByteArrayView> MessageFramer::next()
 {
     m_joined.clear();
     while (m_scanned < m_end) {
         const char *const from = m_block.get() + m_scanned;
-        const auto *nul = static_cast<const char *>(std::memchr(from, 0, static_cast<std::size_t>(m_end - m_scanned)));
+        const auto *nul =
+            static_cast<const char *>(std::memchr(from, 0, static_cast<std::size_t>(m_end - m_scanned)));
         if (nul == nullptr) {
             m_scanned = m_end;
             break;
@@ -41,7 +45,10 @@ std::optional<QByteArrayView> MessageFramer::next()
     return std::nullopt;
 }
 
-qsizetype MessageFramer::pendingBytes() const { return m_asideBytes + m_end - m_start; }
+qsizetype MessageFramer::pendingBytes() const
+{
+    return m_asideBytes + m_end - m_start;
+}
 
 void MessageFramer::putBlockAside()
 {

@@ -7,10 +7,10 @@
 #include <span>
 #include <vector>
 
-/// Cuts a stream of bytes at each NUL. Bytes are read into a block and messages are handed out where they lie.
-/// A byte moves at most once: when a block ends inside a message, the block is put aside, and the pieces are
-/// joined when the NUL has come. Memory is bounded whatever comes: a message over the limit is dropped up to its
-/// NUL.
+/// Cuts a stream of bytes at each NUL. Bytes are read into a block and messages are handed out where they
+/// lie. A byte moves at most once: when a block ends inside a message, the block is put aside, and the pieces
+/// are joined when the NUL has come. Memory is bounded whatever comes: a message over the limit is dropped up
+/// to its NUL.
 class MessageFramer
 {
 public:
@@ -43,10 +43,10 @@ private:
 
     qsizetype m_limit;
     Block m_block;
-    qsizetype m_start = 0;           ///< first byte of the block that was not handed out
-    qsizetype m_end = 0;             ///< behind the last byte of the block
-    qsizetype m_scanned = 0;         ///< no NUL lies between the start and here
-    std::vector<Piece> m_aside;      ///< the message that began in earlier blocks
+    qsizetype m_start = 0;      ///< first byte of the block that was not handed out
+    qsizetype m_end = 0;        ///< behind the last byte of the block
+    qsizetype m_scanned = 0;    ///< no NUL lies between the start and here
+    std::vector<Piece> m_aside; ///< the message that began in earlier blocks
     qsizetype m_asideBytes = 0;
     bool m_dropping = false; ///< the message that is coming in is over the limit
     QByteArray m_joined;

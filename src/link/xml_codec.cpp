@@ -193,8 +193,8 @@ std::optional<QStringView> XMLParser::parseValue(XMLArena &arena)
     return plain ? raw : unescaped(raw, arena);
 }
 
-/// Starts on the ">" of the opening tag and ends on the last character of the element, or behind the text when
-/// that ends first: an element that is not closed is complete.
+/// Starts on the ">" of the opening tag and ends on the last character of the element, or behind the text
+/// when that ends first: an element that is not closed is complete.
 bool XMLParser::parseChildren(clsXMLMessage &element, int depth)
 {
     ++m_at;

@@ -11,10 +11,10 @@
 /// Elements deeper than this fail the parse; the outermost one has depth 1.
 inline constexpr int maximumDepth = 64;
 
-/// Parses one element of the text into an empty element, in one pass. The position counts from 1 and is left on
-/// the last character taken, or at 0 when a closing ">" was looked for and is not there.
-/// The element keeps views of the text, which must outlive it. False for malformed text, for an attribute that
-/// occurs twice, and beyond the depth; the element then holds what was read so far.
+/// Parses one element of the text into an empty element, in one pass. The position counts from 1 and is left
+/// on the last character taken, or at 0 when a closing ">" was looked for and is not there. The element keeps
+/// views of the text, which must outlive it. False for malformed text, for an attribute that occurs twice,
+/// and beyond the depth; the element then holds what was read so far.
 [[nodiscard]] bool ParseElement(QStringView text, clsXMLMessage &element, qsizetype &position);
 
 /// The element as text: its attributes in order, then its children, then its own text.

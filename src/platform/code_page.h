@@ -4,8 +4,8 @@
 #include <QString>
 #include <QStringConverter>
 
-/// The 8-bit code page in which text travels to and from the messenger. Converting never fails: bytes that mean
-/// nothing become the replacement character, characters that the code page lacks become "?".
+/// The 8-bit code page in which text travels to and from the messenger. Converting never fails: bytes that
+/// mean nothing become the replacement character, characters that the code page lacks become "?".
 class CodePage
 {
 public:

@@ -22,7 +22,8 @@ QMessageBox::Icon toolkitIcon(PromptIcon icon)
 
 } // namespace
 
-PromptAnswer MessageBoxes::ask(const QString &text, const QString &caption, PromptIcon icon, PromptButtons buttons)
+PromptAnswer MessageBoxes::ask(const QString &text, const QString &caption, PromptIcon icon,
+                               PromptButtons buttons)
 {
     const bool question = buttons == PromptButtons::YesNo;
     QMessageBox box(QApplication::activeWindow());

@@ -6,5 +6,6 @@
 class MessageBoxes final : public Prompts
 {
 public:
-    PromptAnswer ask(const QString &text, const QString &caption, PromptIcon icon, PromptButtons buttons) override;
+    PromptAnswer ask(const QString &text, const QString &caption, PromptIcon icon,
+                     PromptButtons buttons) override;
 };

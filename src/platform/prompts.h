@@ -2,9 +2,24 @@
 
 #include <QString>
 
-enum class PromptIcon { Stop, Warning, Question, Information };
-enum class PromptButtons { Ok, YesNo };
-enum class PromptAnswer { Ok, Yes, No };
+enum class PromptIcon
+{
+    Stop,
+    Warning,
+    Question,
+    Information
+};
+enum class PromptButtons
+{
+    Ok,
+    YesNo
+};
+enum class PromptAnswer
+{
+    Ok,
+    Yes,
+    No
+};
 
 /// Message boxes. Asking blocks the caller while events go on; a box closed without an answer says No, or Ok
 /// where there is nothing to decline.

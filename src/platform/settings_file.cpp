@@ -4,7 +4,6 @@
 
 #define SI_NO_CONVERSION // the text is UTF-8 before it comes here
 #include <SimpleIni.h>
-
 #include <string>
 
 namespace {

@@ -9,7 +9,10 @@ void LoadedWindows::enter(Skinnable &window)
     }
 }
 
-void LoadedWindows::leave(Skinnable &window) { std::erase(m_windows, &window); }
+void LoadedWindows::leave(Skinnable &window)
+{
+    std::erase(m_windows, &window);
+}
 
 void LoadedWindows::changeSkin()
 {

@@ -22,7 +22,8 @@ public:
     void enter(Skinnable &window);
     void leave(Skinnable &window);
 
-    /// Runs DoSkinChange of each. A window may load or unload others meanwhile: those that left are passed over.
+    /// Runs DoSkinChange of each. A window may load or unload others meanwhile: those that left are passed
+    /// over.
     void changeSkin();
 
 private:

@@ -5,12 +5,14 @@
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
-
 #include <utility>
 
 TcpListener::TcpListener(QObject *parent) : QObject(parent) {}
 
-TcpListener::~TcpListener() { close(); }
+TcpListener::~TcpListener()
+{
+    close();
+}
 
 bool TcpListener::listen(quint16 port)
 {

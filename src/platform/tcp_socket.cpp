@@ -7,7 +7,6 @@
 #include <netinet/tcp.h>
 #include <sys/socket.h>
 #include <unistd.h>
-
 #include <utility>
 
 namespace {
@@ -19,7 +18,10 @@ void makeNonBlocking(int descriptor)
     setsockopt(descriptor, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
 }
 
-bool wouldBlock(int error) { return error == EAGAIN || error == EWOULDBLOCK; }
+bool wouldBlock(int error)
+{
+    return error == EAGAIN || error == EWOULDBLOCK;
+}
 
 /// How much the system takes of the bytes; -1 on failure, 0 when it takes none now.
 qsizetype sendSome(int descriptor, QByteArrayView bytes)
@@ -55,7 +57,10 @@ TcpSocket::TcpSocket(int descriptor, QObject *parent)
     watch();
 }
 
-TcpSocket::~TcpSocket() { close(); }
+TcpSocket::~TcpSocket()
+{
+    close();
+}
 
 void TcpSocket::connectToLocalHost(quint16 port)
 {

@@ -18,8 +18,14 @@ class TcpSocket final : public QObject
     Q_OBJECT
 
 public:
-    enum class State { NotConnected, Connecting, Connected };
-    enum class ReadStatus {
+    enum class State
+    {
+        NotConnected,
+        Connecting,
+        Connected
+    };
+    enum class ReadStatus
+    {
         Data,   ///< the count says how many bytes were read
         Empty,  ///< nothing there now
         Closed, ///< the other side has closed the connection
