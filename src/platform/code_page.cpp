@@ -28,7 +28,7 @@ QString CodePage::decode(QByteArrayView bytes) const
     if (isAscii(bytes)) { // the common case, and every code page here agrees on ASCII
         return QString::fromLatin1(bytes);
     }
-    return QStringDecoder(m_name.constData()).decode(bytes);
+    return QStringDecoder(m_name.constData(), QStringConverter::Flag::Stateless).decode(bytes);
 }
 
 QByteArray CodePage::encode(QStringView text) const
@@ -36,7 +36,7 @@ QByteArray CodePage::encode(QStringView text) const
     if (isAscii(text)) {
         return text.toLatin1();
     }
-    QStringEncoder whole(m_name.constData());
+    QStringEncoder whole(m_name.constData(), QStringConverter::Flag::Stateless);
     QByteArray bytes = whole.encode(text);
     if (!whole.hasError()) {
         return bytes;
@@ -44,7 +44,7 @@ QByteArray CodePage::encode(QStringView text) const
     bytes.clear();
     for (qsizetype at = 0; at < text.size();) {
         const bool pair = text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
-        QStringEncoder one(m_name.constData());
+        QStringEncoder one(m_name.constData(), QStringConverter::Flag::Stateless);
         const QByteArray encoded = one.encode(text.sliced(at, pair ? 2 : 1));
         bytes += one.hasError() ? QByteArrayLiteral("?") : encoded;
         at += pair ? 2 : 1;

@@ -123,10 +123,20 @@ bool TcpSocket::write(QByteArrayView bytes)
         }
     }
     if (sent < bytes.size()) {
+        dropWritten();
         m_unwritten += bytes.sliced(sent);
         m_writeNotifier->setEnabled(true);
     }
     return true;
+}
+
+/// For a reader that keeps up but never catches up: what was taken must not be kept until all is taken.
+void TcpSocket::dropWritten()
+{
+    if (m_unwrittenStart > pendingBytes()) {
+        m_unwritten.remove(0, m_unwrittenStart);
+        m_unwrittenStart = 0;
+    }
 }
 
 void TcpSocket::flush()
@@ -140,9 +150,7 @@ void TcpSocket::flush()
     m_unwritten.clear();
     m_unwrittenStart = 0;
     m_writeNotifier->setEnabled(false);
-    if (sent >= 0) {
-        Q_EMIT drained();
-    }
+    Q_EMIT drained();
 }
 
 TcpSocket::ReadResult TcpSocket::read(std::span<char> into)
@@ -184,6 +192,13 @@ void TcpSocket::close()
     m_unwritten.clear();
     m_unwrittenStart = 0;
     m_state = State::NotConnected;
+}
+
+void TcpSocket::reset()
+{
+    const linger now{1, 0};
+    setsockopt(m_descriptor, SOL_SOCKET, SO_LINGER, &now, sizeof now);
+    close();
 }
 
 void TcpSocket::setState(State state)

@@ -64,16 +64,21 @@ public:
     /// Closes the connection at once; nothing is signalled.
     void close();
 
+    /// Closes the connection so that the other side sees it reset; what was not taken yet is thrown away.
+    void reset();
+
 Q_SIGNALS:
     void stateChanged();
     void arrived();
-    /// All that write() was given has been taken by the system.
+    /// Nothing that write() was given waits any more: the system has taken it, or the connection is broken,
+    /// which the next read() tells.
     void drained();
 
 private:
     void watch();
     void finishConnecting();
     void flush();
+    void dropWritten();
     void setState(State state);
 
     int m_descriptor = -1;

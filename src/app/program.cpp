@@ -1,0 +1,76 @@
+#include "app/program.h"
+
+#include "core/numbers.h"
+#include "link/frmComms.h"
+#include "platform/prompts.h"
+#include "room/frmMain.h"
+
+namespace {
+
+constexpr int settingsMode = 512; // what the messenger's settings component expects
+
+} // namespace
+
+Program::Program(const QString &applicationFolder, const CommandLine &commandLine, Prompts &prompts,
+                 Clock &clock)
+    : m_commandLine(commandLine), m_prompts(prompts), m_clock(clock), m_myApp(applicationFolder)
+{}
+
+Program::~Program() = default;
+
+bool Program::Main()
+{
+    m_settings.Mode = settingsMode;
+    m_settings.FileName = m_myApp.Path() + u"Pylox.ini";
+    m_link = std::make_unique<frmComms>(m_state, m_myApp, m_settings, m_loadedWindows, m_prompts, m_clock);
+    if (!m_link->ConnectToClient(m_commandLine)) {
+        return fail(QStringLiteral("Messenger not found"),
+                    QStringLiteral("Could not connect to Pylox Messenger."));
+    }
+    m_myApp.Skin = m_link->RetrieveSkin();
+    if (m_myApp.Skin.isEmpty()) {
+        return fail(QStringLiteral("No skin found"),
+                    QStringLiteral("Error loading skin for Pylox Chat Client."));
+    }
+    if (!retrieveDetails()) {
+        return fail(QStringLiteral("No Details"),
+                    QStringLiteral("Error retrieving your details from Pylox Messenger."));
+    }
+    showRoom();
+    return true;
+}
+
+bool Program::fail(const QString &caption, const QString &text)
+{
+    m_prompts.tell(text, caption, PromptIcon::Stop);
+    m_link.reset();
+    return false;
+}
+
+/// A reply of another name counts as a reply and leaves the details as they are.
+bool Program::retrieveDetails()
+{
+    const Reply reply = m_link->RetrieveMyDetails();
+    const clsXMLMessage *details = reply.element();
+    if (details == nullptr) {
+        return false;
+    }
+    if (details->MsgName == u"MYDETAILS") {
+        const auto text = [&](QStringView name) {
+            return details->value(name).value_or(QStringView()).toString();
+        };
+        m_state.MyUserID = text(u"id");
+        m_state.MyNickname = text(u"nick");
+        m_state.MyStatus = leadingInt32(text(u"s"));
+        m_state.MyMood = leadingInt32(text(u"m"));
+    }
+    return true;
+}
+
+void Program::showRoom()
+{
+    m_window = std::make_unique<frmMain>(m_state, m_options, *m_link, m_prompts, m_commandLine);
+    connect(m_window.get(), &frmMain::exited, this, &Program::ended);
+    m_window->show();
+    m_window->repaint();
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+/// Ends each value inside the text of a room command or of an emotion.
+inline constexpr QChar valueEnd(3);
+/// Stands between an emotion's text and its attributes.
+inline constexpr QChar emotionTextEnd(2);
+/// Ends each item of a room or private message.
+inline constexpr QChar itemEnd(1);
+
+/// The characters behind the key (such as " userid=") up to the next value end; the default when the key or
+/// the end is missing.
+[[nodiscard]] QString GetAttribute(QStringView text, QStringView key, const QString &defaultValue);

@@ -1,0 +1,42 @@
+#include "room/composing.h"
+
+#include "core/attribute_text.h"
+#include "core/shared_state.h"
+#include "link/frmComms.h"
+#include "room/room_view.h"
+
+#include <QFont>
+#include <QScopedValueRollback>
+
+QString withoutControlCharacters(QStringView text)
+{
+    QString clean = text.toString();
+    clean.removeIf([](QChar c) { return c < u' ' && c != u'\t'; });
+    return clean;
+}
+
+QString roomMessageItem(QStringView text, const QFont &font)
+{
+    QString item = QStringLiteral("<SMSG>");
+    item += font.bold() ? QStringLiteral("<b>") : QString();
+    item += font.italic() ? QStringLiteral("<i>") : QString();
+    item += font.underline() ? QStringLiteral("<u>") : QString();
+    return item + withoutControlCharacters(text) + itemEnd;
+}
+
+Composing::Composing(SharedState &state, frmComms &link, RoomView &view)
+    : m_state(state), m_link(link), m_view(view)
+{}
+
+bool Composing::send(const QString &text, const QFont &font)
+{
+    if (m_sending || withoutControlCharacters(text).isEmpty() || !m_state.InRoom) {
+        return false;
+    }
+    const QScopedValueRollback guard(m_sending, true);
+    if (!m_link.SendMessage(roomMessageItem(text, font), {})) {
+        return false;
+    }
+    m_view.AddMessage(withoutControlCharacters(text), MessageKind::Own, m_state.MyNickname);
+    return true;
+}

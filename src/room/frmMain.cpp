@@ -1,0 +1,196 @@
+#include "room/frmMain.h"
+
+#include "core/attribute_text.h"
+#include "core/command_line.h"
+#include "core/shared_state.h"
+#include "link/frmComms.h"
+#include "platform/prompts.h"
+#include "room/board_text.h"
+#include "room/member_list.h"
+
+#include <QCloseEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+/// A child widget under its name, which tests and assistive programs find it by.
+template <typename Widget>
+Widget *make(QWidget *parent, const char16_t *name, const QString &accessibleName)
+{
+    auto *widget = new Widget(parent);
+    widget->setObjectName(QStringView(name).toString());
+    widget->setAccessibleName(accessibleName);
+    return widget;
+}
+
+} // namespace
+
+frmMain::frmMain(SharedState &state, const Options &options, frmComms &link, Prompts &prompts,
+                 const CommandLine &commandLine)
+    : m_state(state),
+      m_link(link),
+      m_prompts(prompts),
+      m_commandLine(commandLine),
+      rtfMsgs(make<QPlainTextEdit>(this, u"rtfMsgs", tr("Message board"))),
+      rtfText(make<QLineEdit>(this, u"rtfText", tr("Message"))),
+      grdUserList(make<QTreeWidget>(this, u"grdUserList", tr("Members"))),
+      smdSend(make<QPushButton>(this, u"smdSend", tr("Send"))),
+      smdMenu(make<QPushButton>(this, u"smdMenu", tr("Menu"))),
+      smdExit(make<QPushButton>(this, u"smdExit", tr("Exit"))),
+      m_lifecycle(state, m_chatters, link, *this, prompts),
+      m_events(state, options, m_chatters, link, m_lifecycle, *this),
+      m_admission(state, m_chatters, link, *this),
+      m_composing(state, link, *this),
+      m_exitRoad(state, m_lifecycle, link)
+{
+    setObjectName(QStringLiteral("frmMain"));
+    setRoomCaption({});
+    arrange();
+    connect(smdSend, &QPushButton::clicked, this, &frmMain::send);
+    connect(rtfText, &QLineEdit::returnPressed, this, &frmMain::send);
+    connect(smdMenu, &QPushButton::clicked, this, &frmMain::showMenu);
+    connect(smdExit, &QPushButton::clicked, &m_exitRoad, &ExitRoad::start);
+    connect(&m_exitRoad, &ExitRoad::ended, this, [this] {
+        m_exited = true;
+        close();
+        Q_EMIT exited();
+    });
+    m_link.setRoomEvents(&m_events);
+}
+
+frmMain::~frmMain()
+{
+    m_link.setRoomEvents(nullptr);
+}
+
+void frmMain::arrange()
+{
+    rtfMsgs->setReadOnly(true);
+    rtfMsgs->setUndoRedoEnabled(false);
+    grdUserList->setHeaderHidden(true);
+    grdUserList->setSelectionBehavior(QAbstractItemView::SelectItems);
+    grdUserList->setRootIsDecorated(true);
+    grdUserList->setFixedWidth(180);
+    smdSend->setText(tr("&Send"));
+    smdMenu->setText(tr("&Menu"));
+    smdExit->setText(tr("E&xit"));
+
+    auto *conversation = new QHBoxLayout;
+    conversation->addWidget(rtfMsgs, 1);
+    conversation->addWidget(grdUserList);
+    auto *writing = new QHBoxLayout;
+    writing->addWidget(rtfText, 1);
+    writing->addWidget(smdSend);
+    auto *commands = new QHBoxLayout;
+    commands->addWidget(smdMenu);
+    commands->addStretch(1);
+    commands->addWidget(smdExit);
+    auto *all = new QVBoxLayout(this);
+    all->addLayout(conversation, 1);
+    all->addLayout(writing);
+    all->addLayout(commands);
+
+    QWidget *before = rtfText;
+    for (QWidget *next : {static_cast<QWidget *>(smdSend), static_cast<QWidget *>(rtfMsgs),
+                          static_cast<QWidget *>(grdUserList), static_cast<QWidget *>(smdMenu),
+                          static_cast<QWidget *>(smdExit)}) {
+        setTabOrder(before, next);
+        before = next;
+    }
+    rtfText->setFocus();
+    resize(720, 480);
+}
+
+/// The first showing: what needs the messenger waits until the window is on the screen.
+void frmMain::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (!m_shownBefore) {
+        m_shownBefore = true;
+        QMetaObject::invokeMethod(this, &frmMain::activateFirst, Qt::QueuedConnection);
+    }
+}
+
+void frmMain::activateFirst()
+{
+    DrawUserList();
+    m_link.GetPyloxUsers();
+    m_lifecycle.joinFrom(m_commandLine);
+}
+
+void frmMain::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(m_exited);
+    if (!m_exited && !m_exitRoad.isStarted() && mayClose()) {
+        m_exitRoad.start();
+    }
+}
+
+bool frmMain::mayClose() const
+{
+    if (!m_state.InRoom || !m_state.IsRoomOwner || m_chatters.Count() < 2) {
+        return true;
+    }
+    return m_prompts.ask(tr("You still have people in your chat room!  Do you still wish to leave?"),
+                         tr("Leave Chat"), PromptIcon::Warning, PromptButtons::YesNo) == PromptAnswer::Yes;
+}
+
+/// What is typed while the message is on its way stays.
+void frmMain::send()
+{
+    const QString text = rtfText->text();
+    if (m_composing.send(text, rtfText->font())) {
+        if (rtfText->text() == text) {
+            rtfText->clear();
+        }
+        rtfText->setFocus();
+    }
+}
+
+void frmMain::showMenu()
+{
+    QMenu menu(tr("Main Menu"), this);
+    QAction *leave = menu.addAction(tr("Leave Room"), this, [this] { m_lifecycle.LeaveRoom(true); });
+    leave->setEnabled(m_state.InRoom && !m_state.IsRoomOwner);
+    QAction *closeRoom = menu.addAction(tr("Close Room"), this, [this] { m_lifecycle.CloseRoom(true); });
+    closeRoom->setEnabled(m_state.InRoom && m_state.IsRoomOwner);
+    menu.exec(smdMenu->mapToGlobal(QPoint(0, -menu.sizeHint().height())));
+}
+
+void frmMain::AddMessage(const QString &text, MessageKind kind, const QString &name, const QString &otherName,
+                         [[maybe_unused]] bool highlight)
+{
+    rtfMsgs->appendPlainText(boardText(text, kind, name, otherName));
+}
+
+void frmMain::clearBoard()
+{
+    rtfMsgs->clear();
+}
+
+void frmMain::DrawUserList()
+{
+    drawMemberList(*grdUserList, m_chatters, m_state);
+}
+
+void frmMain::setRoomCaption(const QString &caption)
+{
+    setWindowTitle(caption.isEmpty() ? QStringLiteral("Pylox Chat") : caption);
+}
+
+/// Until private conversations have windows of their own, they are lines of the board.
+void frmMain::ReceivePrivateMessage([[maybe_unused]] const QString &id, const QString &name,
+                                    const QString &body)
+{
+    for (qsizetype start = 0, end = 0; (end = body.indexOf(itemEnd, start)) >= 0; start = end + 1) {
+        const QString item = body.sliced(start, end - start);
+        if (item.startsWith(u"<SMSG>")) {
+            AddMessage(item.sliced(6), MessageKind::Member, name + u" (private)");
+        }
+    }
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "room/admission.h"
+#include "room/colChatters.h"
+#include "room/composing.h"
+#include "room/exit_road.h"
+#include "room/room_events.h"
+#include "room/room_lifecycle.h"
+#include "room/room_view.h"
+
+#include <QWidget>
+
+class CommandLine;
+class Prompts;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QTreeWidget;
+class frmComms;
+struct Options;
+struct SharedState;
+
+/// The room window: it owns its widgets and the classes that do the work, and passes on what the user does.
+class frmMain final : public QWidget, public RoomView
+{
+    Q_OBJECT
+
+public:
+    frmMain(SharedState &state, const Options &options, frmComms &link, Prompts &prompts,
+            const CommandLine &commandLine);
+    ~frmMain() override;
+
+    void AddMessage(const QString &text, MessageKind kind, const QString &name = {},
+                    const QString &otherName = {}, bool highlight = false) override;
+    void clearBoard() override;
+    void DrawUserList() override;
+    void setRoomCaption(const QString &caption) override;
+    void ReceivePrivateMessage(const QString &id, const QString &name, const QString &body) override;
+
+Q_SIGNALS:
+    /// The window has said goodbye to the room and the messenger; the program may end.
+    void exited();
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void load();
+    void arrange();
+    void activateFirst();
+    void send();
+    void showMenu();
+    [[nodiscard]] bool mayClose() const;
+
+    SharedState &m_state;
+    frmComms &m_link;
+    Prompts &m_prompts;
+    const CommandLine &m_commandLine;
+
+    QPlainTextEdit *rtfMsgs;
+    QLineEdit *rtfText;
+    QTreeWidget *grdUserList;
+    QPushButton *smdSend;
+    QPushButton *smdMenu;
+    QPushButton *smdExit;
+
+    colChatters m_chatters;
+    RoomLifecycle m_lifecycle;
+    RoomEvents m_events;
+    Admission m_admission;
+    Composing m_composing;
+    ExitRoad m_exitRoad;
+    bool m_shownBefore = false;
+    bool m_exited = false;
+};

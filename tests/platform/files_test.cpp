@@ -1,0 +1,120 @@
+#include "platform/code_page.h"
+#include "platform/settings_file.h"
+#include "platform/skinnable.h"
+#include "platform/text_file.h"
+#include "support/text.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+void write(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+TEST(CodePage, EveryCharacterArrivesOrIsReplaced)
+{
+    const CodePage western;
+    EXPECT_EQ(western.encode(u"na\u00EFve \u20AC5"), QByteArray("na\xEFve \x80"
+                                                                "5"));
+    EXPECT_EQ(western.decode("na\xEFve \x80"
+                             "5"),
+              u"na\u00EFve \u20AC5"_s);
+    EXPECT_EQ(western.encode(u"\u4F60 \U0001F600!"), QByteArray("? ?!")) << "one mark for a surrogate pair";
+    EXPECT_EQ(western.encode(u"\xD83D"), QByteArray("?"));
+
+    const CodePage utf8(u"utf-8"_s);
+    EXPECT_EQ(utf8.decode(utf8.encode(u"\u4F60\U0001F600")), u"\u4F60\U0001F600"_s);
+    EXPECT_EQ(utf8.decode("a\xFFz"), u"a\uFFFDz"_s);
+    EXPECT_TRUE(utf8.decode("cut \xE4\xBD").startsWith(u"cut \uFFFD"_s))
+        << "a cut character is not lost silently";
+    EXPECT_EQ(CodePage(u"no such page"_s).encode(u"\u00E9"), QByteArray("\xE9"));
+}
+
+TEST(SettingsFile, KeepsWhatItDoesNotKnow)
+{
+    const QTemporaryDir folder;
+    SettingsFile settings;
+    settings.FileName = folder.filePath(u"Pylox.ini"_s);
+    EXPECT_EQ(settings.ReadValue(u"Port"_s, u"0"_s, u"Chat"_s), u"0"_s);
+    write(settings.FileName, "; mine\n[Other]\nb=2\na=1\n\n[CHAT]\nPort=1\n");
+
+    EXPECT_EQ(settings.ReadValue(u"port"_s, u"0"_s, u"Chat"_s), u"1"_s);
+    ASSERT_TRUE(settings.WriteValue(u"Port"_s, u"5190"_s, u"Chat"_s));
+    ASSERT_TRUE(settings.WriteValue(u"Name"_s, u"\u4F60"_s, u"Chat"_s));
+    EXPECT_EQ(settings.ReadValue(u"Port"_s, u"0"_s, u"Chat"_s), u"5190"_s);
+    EXPECT_EQ(settings.ReadValue(u"Name"_s, u""_s, u"Chat"_s), u"\u4F60"_s);
+    const QString text = readTextFile(settings.FileName).value_or(QString());
+    EXPECT_TRUE(text.startsWith(u"; mine"_s));
+    EXPECT_LT(text.indexOf(u"b=2"_s), text.indexOf(u"a=1"_s));
+    EXPECT_EQ(text.count(u"[CHAT]"_s, Qt::CaseInsensitive), 1);
+}
+
+TEST(SettingsFile, AStrangersIdCannotForgeASectionOrALine)
+{
+    const QTemporaryDir folder;
+    SettingsFile settings;
+    settings.FileName = folder.filePath(u"Pylox.ini"_s);
+    ASSERT_TRUE(
+        settings.WriteValue(u"Left"_s, u"1\n[Chat]\nPort=9"_s, u"ChatPrivMsg-x]\n[Chat]\nPort=9\n"_s));
+    EXPECT_EQ(settings.ReadValue(u"Port"_s, u"0"_s, u"Chat"_s), u"0"_s);
+    EXPECT_EQ(settings.ReadValue(u"Left"_s, u""_s, u"ChatPrivMsg-x]\n[Chat]\nPort=9\n"_s),
+              u"1 [Chat] Port=9"_s);
+}
+
+TEST(SettingsFile, AFolderInItsPlaceGivesDefaultsAndRefusesWrites)
+{
+    const QTemporaryDir folder;
+    SettingsFile settings;
+    settings.FileName = folder.path();
+    EXPECT_EQ(settings.ReadValue(u"Port"_s, u"7"_s, u"Chat"_s), u"7"_s);
+    EXPECT_FALSE(settings.WriteValue(u"Port"_s, u"8"_s, u"Chat"_s));
+    EXPECT_TRUE(QFileInfo(folder.path()).isDir());
+}
+
+TEST(TextFile, ReadsWhatOtherProgramsWrite)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"a.txt"_s);
+    EXPECT_FALSE(readTextFile(path));
+    write(path, "\xEF\xBB\xBFna\xC3\xAFve");
+    EXPECT_EQ(readTextFile(path), u"na\u00EFve"_s);
+    write(path, "na\xEFve");
+    EXPECT_EQ(readTextFile(path), u"na\u00EFve"_s);
+    ASSERT_TRUE(writeTextFile(path, u"\u4F60"_s));
+    EXPECT_EQ(readTextFile(path), u"\u4F60"_s);
+}
+
+struct Window : Skinnable
+{
+    explicit Window(std::function<void()> change) : onChange(std::move(change)) {}
+    void DoSkinChange() override { onChange(); }
+    std::function<void()> onChange;
+};
+
+TEST(LoadedWindows, ChangeInLoadOrderWithoutThoseThatLeft)
+{
+    LoadedWindows loaded;
+    QStringList changed;
+    Window third([&] { changed += u"third"_s; });
+    Window second([&] { changed += u"second"_s; });
+    Window first([&] {
+        changed += u"first"_s;
+        loaded.leave(third);
+    });
+    loaded.enter(first);
+    loaded.enter(second);
+    loaded.enter(third);
+    loaded.enter(first);
+    loaded.changeSkin();
+    EXPECT_EQ(changed, (QStringList{u"first"_s, u"second"_s}));
+}
+
+} // namespace

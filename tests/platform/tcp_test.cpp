@@ -1,0 +1,90 @@
+#include "platform/tcp_listener.h"
+#include "support/scripted_messenger.h"
+
+#include <array>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Connection : testing::Test
+{
+    void SetUp() override
+    {
+        ASSERT_TRUE(listener.listen(0));
+        client.connectToLocalHost(listener.port());
+        ASSERT_TRUE(eventually([&] {
+            server = server ? std::move(server) : listener.accept();
+            return server != nullptr && client.state() == TcpSocket::State::Connected;
+        }));
+    }
+
+    /// Reads until something else than data or emptiness comes.
+    TcpSocket::ReadStatus readToTheEnd(QByteArray &bytes)
+    {
+        std::array<char, 4096> room{};
+        TcpSocket::ReadResult result;
+        (void)eventually([&] {
+            result = client.read(room);
+            if (result.status == TcpSocket::ReadStatus::Data) {
+                bytes.append(room.data(), result.count);
+            }
+            return result.status != TcpSocket::ReadStatus::Data &&
+                   result.status != TcpSocket::ReadStatus::Empty;
+        });
+        return result.status;
+    }
+
+    TcpListener listener;
+    TcpSocket client;
+    std::unique_ptr<TcpSocket> server;
+};
+
+TEST_F(Connection, MoreThanTheSystemTakesAtOnceArrivesWhole)
+{
+    QByteArray sent(20'000'000, 'x');
+    sent[12'345'678] = 'y';
+    bool drained = false;
+    QObject::connect(server.get(), &TcpSocket::drained, [&] { drained = true; });
+    ASSERT_TRUE(server->write(sent));
+    EXPECT_GT(server->pendingBytes(), 0);
+    QByteArray received;
+    QObject::connect(&client, &TcpSocket::arrived, [&] {
+        std::array<char, 65536> room{};
+        received.append(room.data(), 0);
+        const auto result = client.read(room);
+        received.append(room.data(), result.count);
+    });
+    ASSERT_TRUE(eventually([&] { return received.size() == sent.size() && drained; }));
+    EXPECT_EQ(received, sent);
+}
+
+TEST_F(Connection, ClosingAndResettingAreToldApart)
+{
+    QByteArray bytes;
+    ASSERT_TRUE(server->write("last words"));
+    server->close();
+    EXPECT_EQ(readToTheEnd(bytes), TcpSocket::ReadStatus::Closed);
+    EXPECT_EQ(bytes, "last words");
+}
+
+TEST_F(Connection, ResettingIsSeenAsSuch)
+{
+    QByteArray bytes;
+    server->reset();
+    EXPECT_EQ(readToTheEnd(bytes), TcpSocket::ReadStatus::Reset);
+    client.close();
+    EXPECT_FALSE(client.write("x"));
+}
+
+TEST(TcpSocket, NobodyListening)
+{
+    TcpListener listener;
+    ASSERT_TRUE(listener.listen(0));
+    const quint16 port = listener.port();
+    listener.close();
+    TcpSocket socket;
+    socket.connectToLocalHost(port);
+    EXPECT_TRUE(eventually([&] { return socket.state() == TcpSocket::State::NotConnected; }));
+}
+
+} // namespace
