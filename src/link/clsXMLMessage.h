@@ -4,8 +4,10 @@
 
 #include <cstddef>
 #include <iterator>
-#include <memory_resource>
+#include <memory>
 #include <optional>
+#include <utility>
+#include <vector>
 
 /// The tree of one message of the protocol: elements with attributes and children. The tree is built once,
 /// read by name and dropped as a whole, so all of it lives in the arena of its XMLDocument and an element
@@ -54,7 +56,8 @@ private:
     Node *m_node = nullptr;
 };
 
-/// Where the nodes and the kept texts of one tree live.
+/// Where the nodes and the kept texts of one tree live: room is only ever taken, and all of it is given back
+/// at the end. A usual message fits into the first block, which needs no allocation.
 class XMLArena
 {
 public:
@@ -66,15 +69,25 @@ public:
     template <typename T>
     [[nodiscard]] T *room(std::size_t count = 1)
     {
-        return static_cast<T *>(m_memory.allocate(count * sizeof(T), alignof(T)));
+        static_assert(alignof(T) <= alignof(void *));
+        const std::size_t size =
+            (count * sizeof(T) + alignof(void *) - 1) / alignof(void *) * alignof(void *);
+        if (size > static_cast<std::size_t>(m_end - m_free)) {
+            addBlock(size);
+        }
+        return reinterpret_cast<T *>(std::exchange(m_free, m_free + size));
     }
 
     /// A copy of the text that lives as long as the arena.
     [[nodiscard]] QStringView keep(QStringView text);
 
 private:
-    alignas(std::max_align_t) std::byte m_first[2048];
-    std::pmr::monotonic_buffer_resource m_memory{m_first, sizeof m_first};
+    void addBlock(std::size_t leastSize);
+
+    alignas(void *) std::byte m_first[2048];
+    std::byte *m_free = m_first;
+    std::byte *m_end = m_first + sizeof m_first;
+    std::vector<std::unique_ptr<std::byte[]>> m_blocks;
 };
 
 /// The attributes of one element, in insertion order, each under a unique key.

@@ -115,8 +115,8 @@ void frmComms::receive()
     handleReceived();
 }
 
-/// A handler may wait for a reply that has come together with its own message. The timer then fires inside that
-/// wait, and the messages behind are handled there.
+/// A handler may wait for a reply that has come together with its own message. The timer then fires inside
+/// that wait, and the messages behind are handled there.
 void frmComms::handleReceived()
 {
     m_handleRest.start(0);

@@ -1,8 +1,10 @@
 #include "link/xml_codec.h"
 
 #include <QHash>
+#include <QVarLengthArray>
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <unordered_set>
 
@@ -13,77 +15,154 @@ constexpr QStringView contentName = u"cnode";
 /// Up to here a repeated name is looked for among the parts themselves, beyond it in a set.
 constexpr qsizetype fewParts = 16;
 
-/// Drops each backslash that escapes the next character; returns where the output ends.
-template <typename Output>
-Output unescapeTo(QStringView text, Output output)
+/// The first character that is the stop or a backslash, or the end.
+const char16_t *findStop(const char16_t *at, const char16_t *end, char16_t stop)
 {
-    bool escaped = false;
-    for (const QChar c : text) {
-        if (c == u'\\' && !escaped) {
-            escaped = true;
-            continue;
-        }
-        escaped = false;
-        *output++ = c.unicode();
+    while (at != end && *at != stop && *at != u'\\') {
+        ++at;
     }
-    return output;
+    return at;
 }
 
-constexpr bool needsEscape(char16_t c)
+/// The first stop that is not escaped, or the end; says whether there are escapes before it.
+const char16_t *findUnescaped(const char16_t *at, const char16_t *end, char16_t stop, bool &escapes)
 {
-    return c == u'\\' || c == u'/' || c == u'>' || c == u'=' || c == u'"' || c == u'<';
+    at = findStop(at, end, stop);
+    while (at != end && *at == u'\\') {
+        escapes = true;
+        at = findStop(std::min(at + 2, end), end, stop);
+    }
+    return at;
 }
 
-void appendEscaped(QString &out, QStringView text)
+/// Copies the text without the backslashes that escape; returns where the copy ends.
+char16_t *unescapeTo(QStringView text, char16_t *out)
 {
     const char16_t *at = text.utf16();
     const char16_t *const end = at + text.size();
     while (at != end) {
-        const char16_t *plain = std::find_if(at, end, needsEscape);
-        out += QStringView(at, plain);
-        if (plain != end) {
-            out += u'\\';
-            out += QChar(*plain++);
+        const char16_t *const escape = std::find(at, end, u'\\');
+        out = std::copy(at, escape, out);
+        at = escape;
+        if (end - escape >= 2) {
+            *out++ = escape[1];
         }
-        at = plain;
+        at += std::min(end - escape, std::ptrdiff_t(2));
     }
+    return out;
 }
 
-void appendElement(QString &out, const clsXMLMessage &element)
+constexpr auto escapedCharacters = [] {
+    std::array<bool, 128> table{};
+    for (const char c : {'\\', '/', '>', '=', '"', '<'}) {
+        table[static_cast<std::size_t>(c)] = true;
+    }
+    return table;
+}();
+
+/// Writes text into memory that grows in large steps; what is appended is copied once more, into the result.
+class TextWriter
 {
-    out += u'<';
-    out += element.MsgName;
+public:
+    void append(QStringView text)
+    {
+        ensure(text.size());
+        std::copy_n(text.utf16(), text.size(), m_text.data() + m_size);
+        m_size += text.size();
+    }
+
+    void appendEscaped(QStringView text)
+    {
+        ensure(2 * text.size());
+        char16_t *out = m_text.data() + m_size;
+        for (const QChar c : text) {
+            if (c.unicode() < escapedCharacters.size() && escapedCharacters[c.unicode()]) {
+                *out++ = u'\\';
+            }
+            *out++ = c.unicode();
+        }
+        m_size = out - m_text.data();
+    }
+
+    [[nodiscard]] QString text() const { return QStringView(m_text.data(), m_size).toString(); }
+
+private:
+    void ensure(qsizetype more)
+    {
+        if (m_size + more > m_text.size()) {
+            m_text.resize(2 * (m_size + more));
+        }
+    }
+
+    QVarLengthArray<char16_t, 1024> m_text = QVarLengthArray<char16_t, 1024>(1024);
+    qsizetype m_size = 0;
+};
+
+void writeElement(TextWriter &out, const clsXMLMessage &element)
+{
+    out.append(u"<");
+    out.append(element.MsgName);
     const clsXMLPart *content = nullptr;
     for (const clsXMLPart &part : element.XMLParts) {
         if (part.PartName == contentName) {
             content = &part;
             continue;
         }
-        out += u' ';
-        out += part.PartName;
-        out += u"=\"";
-        appendEscaped(out, part.PartValue);
-        out += u'"';
+        out.append(u" ");
+        out.append(part.PartName);
+        out.append(u"=\"");
+        out.appendEscaped(part.PartValue);
+        out.append(u"\"");
     }
     if (content == nullptr && element.XMLMessage.Count() == 0) {
-        out += u"/>";
+        out.append(u"/>");
         return;
     }
-    out += u'>';
+    out.append(u">");
     for (const clsXMLMessage &child : element.XMLMessage) {
-        appendElement(out, child);
+        writeElement(out, child);
     }
     if (content != nullptr) {
-        appendEscaped(out, content->PartValue);
+        out.appendEscaped(content->PartValue);
     }
-    out += u"</";
-    out += element.MsgName;
-    out += u'>';
+    out.append(u"</");
+    out.append(element.MsgName);
+    out.append(u">");
 }
 
 struct HashName
 {
     std::size_t operator()(QStringView name) const { return qHash(name); }
+};
+
+/// Tells whether an attribute's name is new to its element. Among a few parts it looks at each; many are put
+/// into a set, so that a message of nothing but attributes takes no longer than any other.
+class NameCheck
+{
+public:
+    [[nodiscard]] bool isNew(const colXMLParts &parts, QStringView name)
+    {
+        if (parts.Count() < fewParts) {
+            return std::ranges::none_of(parts,
+                                        [&](const clsXMLPart &part) { return isSame(part.PartName, name); });
+        }
+        if (!m_names) {
+            m_names.emplace();
+            for (const clsXMLPart &part : parts) {
+                m_names->insert(part.PartName);
+            }
+        }
+        return m_names->insert(name).second;
+    }
+
+private:
+    /// Names are short and mostly differ in length or in their first character.
+    static bool isSame(QStringView a, QStringView b)
+    {
+        return a.size() == b.size() && a.front() == b.front() && a == b;
+    }
+
+    std::optional<std::unordered_set<QStringView, HashName>> m_names;
 };
 
 } // namespace
@@ -123,10 +202,8 @@ bool XMLParser::parseElement(clsXMLMessage &element, int depth)
         m_at += atEnd() ? 0 : 1;
         return false;
     }
-    const char16_t *name = ++m_at;
-    while (!atEnd() && *m_at != u'/' && *m_at != u' ' && *m_at != u'>') {
-        ++m_at;
-    }
+    const char16_t *const name = ++m_at;
+    m_at = std::find_if(name, m_end, [](char16_t c) { return c == u'/' || c == u' ' || c == u'>'; });
     element.MsgName = QStringView(name, m_at);
     if (element.MsgName.isEmpty() || atEnd() || !parseAttributes(element)) {
         return false;
@@ -140,18 +217,7 @@ bool XMLParser::parseElement(clsXMLMessage &element, int depth)
 /// On success the position is on the character behind the attributes, which is there.
 bool XMLParser::parseAttributes(clsXMLMessage &element)
 {
-    std::unordered_set<QStringView, HashName> names; // filled only for an element with many attributes
-    const auto isNew = [&](QStringView name) {
-        if (element.XMLParts.Count() < fewParts) {
-            return element.XMLParts.Item(name) == nullptr;
-        }
-        if (names.empty()) {
-            for (const clsXMLPart &part : element.XMLParts) {
-                names.insert(part.PartName);
-            }
-        }
-        return names.insert(name).second;
-    };
+    NameCheck names;
     while (*m_at == u' ') {
         const char16_t *start = ++m_at;
         m_at = std::find(start, m_end, u'=');
@@ -161,7 +227,7 @@ bool XMLParser::parseAttributes(clsXMLMessage &element)
         }
         ++m_at;
         const auto value = parseValue(*element.XMLParts.m_arena);
-        if (!value || (!name.isEmpty() && !isNew(name))) {
+        if (!value || (!name.isEmpty() && !names.isNew(element.XMLParts, name))) {
             return false;
         }
         element.XMLParts.append(name, *value, name);
@@ -175,22 +241,15 @@ bool XMLParser::parseAttributes(clsXMLMessage &element)
 /// Starts behind the opening quote and ends behind the closing one.
 std::optional<QStringView> XMLParser::parseValue(XMLArena &arena)
 {
-    const char16_t *const start = m_at;
-    bool plain = true;
-    while (m_at != m_end && *m_at != u'"') {
-        if (*m_at == u'\\') {
-            plain = false;
-            if (++m_at == m_end) {
-                return std::nullopt;
-            }
-        }
-        ++m_at;
-    }
-    if (m_at == m_end) {
+    bool escapes = false;
+    const char16_t *const end = findUnescaped(m_at, m_end, u'"', escapes);
+    const QStringView raw(m_at, end);
+    m_at = end;
+    if (atEnd()) {
         return std::nullopt;
     }
-    const QStringView raw(start, m_at++);
-    return plain ? raw : unescaped(raw, arena);
+    ++m_at;
+    return escapes ? unescaped(raw, arena) : raw;
 }
 
 /// Starts on the ">" of the opening tag and ends on the last character of the element, or behind the text
@@ -215,19 +274,11 @@ bool XMLParser::parseChildren(clsXMLMessage &element, int depth)
 /// Leaves the position on the next "<" that is not escaped, or at the end.
 void XMLParser::parseContent(clsXMLMessage &element)
 {
-    const char16_t *const start = m_at;
-    bool plain = true;
-    while (m_at != m_end && *m_at != u'<') {
-        if (*m_at == u'\\') {
-            plain = false;
-            if (++m_at == m_end) {
-                break;
-            }
-        }
-        ++m_at;
-    }
-    const QStringView raw(start, m_at);
-    const QStringView text = plain ? raw : unescaped(raw, *element.XMLParts.m_arena);
+    bool escapes = false;
+    const char16_t *const end = findUnescaped(m_at, m_end, u'<', escapes);
+    const QStringView raw(m_at, end);
+    const QStringView text = escapes ? unescaped(raw, *element.XMLParts.m_arena) : raw;
+    m_at = end;
     if (text.isEmpty()) {
         return;
     }
@@ -264,17 +315,16 @@ bool ParseElement(QStringView text, clsXMLMessage &element, qsizetype &position)
 
 QString BuildXML(const clsXMLMessage &element)
 {
-    QString text;
-    appendElement(text, element);
-    return text;
+    TextWriter writer;
+    writeElement(writer, element);
+    return writer.text();
 }
 
 QString EscapeXML(QStringView text)
 {
-    QString escaped;
-    escaped.reserve(text.size() + 16);
-    appendEscaped(escaped, text);
-    return escaped;
+    TextWriter writer;
+    writer.appendEscaped(text);
+    return writer.text();
 }
 
 QString UnescapeXML(QStringView text)

@@ -1,0 +1,261 @@
+#include "messenger/client.h"
+#include "messenger/messenger.h"
+#include "platform/settings_file.h"
+#include "platform/text_file.h"
+#include "raw_client.h"
+
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class MessengerTest : public testing::Test
+{
+protected:
+    MessengerTest() { options.home = folder.path() + u"/new"; }
+
+    void SetUp() override { start(); }
+
+    void start()
+    {
+        companion = std::make_unique<Messenger>(options);
+        ASSERT_TRUE(companion->start());
+    }
+
+    /// A client that has connected; the n-th is user n of the table.
+    std::unique_ptr<RawClient> connectClient(bool reads = true)
+    {
+        const qsizetype before = companion->clientCount();
+        auto client = std::make_unique<RawClient>(companion->port(), reads);
+        EXPECT_TRUE(eventually([&] { return companion->clientCount() > before; }));
+        EXPECT_TRUE(client->isConnected());
+        return client;
+    }
+
+    /// With a table of users that makes the list of contacts more than 20 KB long.
+    void startWithLongReplies()
+    {
+        QString table;
+        for (int number = 0; number < 200; ++number) {
+            const QString text = QString::number(number);
+            table += u'a' + text + u'\t' + text.leftJustified(95, u'x') + u'\n';
+        }
+        options.usersFile = folder.filePath(u"users.txt"_s);
+        ASSERT_TRUE(writeTextFile(options.usersFile, table));
+        start();
+    }
+
+    static void ask(RawClient &client, int times)
+    {
+        QByteArray requests;
+        for (int request = 0; request < times; ++request) {
+            requests += client.message(u"<GETPYLOXUSERS/>"_s);
+        }
+        client.send(requests);
+    }
+
+    QTemporaryDir folder;
+    MessengerOptions options;
+    std::unique_ptr<Messenger> companion;
+};
+
+} // namespace
+
+TEST_F(MessengerTest, WritesItsPortAndTellsTheSkin)
+{
+    SettingsFile settings;
+    settings.FileName = options.home + u"/Pylox.ini";
+    EXPECT_EQ(settings.ReadValue(u"Port"_s, {}, u"Chat"_s), QString::number(companion->port()));
+    EXPECT_EQ(companion->problems(), QStringList());
+    const auto robin = connectClient();
+    robin->request(u"<GETSKIN/>"_s);
+    EXPECT_TRUE(robin->gets(u"<MSG><V mk=\"C1\"/><SKIN value=\""_s +
+                            QString(options.home).replace(u"/"_s, u"\\/"_s) +
+                            u"\\/skins\\/Light.skn\"/></MSG>"_s));
+}
+
+TEST_F(MessengerTest, APortThatIsTakenIsReported)
+{
+    MessengerOptions second = options;
+    second.port = companion->port();
+    Messenger other(second);
+    EXPECT_FALSE(other.start());
+    ASSERT_EQ(other.problems().size(), 1);
+    EXPECT_TRUE(other.problems().first().contains(QString::number(second.port)));
+}
+
+TEST_F(MessengerTest, SpeaksTheCodePageOfTheSettings)
+{
+    companion.reset();
+    ASSERT_TRUE(writeTextFile(options.home + u"/Pylox.ini", u"[Chat]\r\nCodePage=utf-8\r\n"_s));
+    start();
+    const auto robin = connectClient();
+    companion->command(u"rename u1 Zo\u00eb\u2192"_s);
+    EXPECT_TRUE(robin->gets(QString::fromLatin1("n=\"Zo\xc3\xab\xe2\x86\x92\"")));
+}
+
+TEST_F(MessengerTest, RelaysBetweenClientsAndRepliesBeforeItTells)
+{
+    const auto robin = connectClient();
+    const auto sasha = connectClient();
+    EXPECT_TRUE(robin->gets(u"<USERONLINE nick=\"Sasha\"/>"_s));
+    ASSERT_TRUE(robin->entersLobby());
+    ASSERT_TRUE(sasha->entersLobby());
+    EXPECT_EQ(sasha->received[0], u"<MSG><V mk=\"C1\"/><AJC cid=\"1\" r=\"0\"/></MSG>");
+    EXPECT_EQ(sasha->received[1], u"<MSG><V mk=\"MSG\"/><AJC cid=\"1\" r=\"0\" tid=\"h1\"/></MSG>");
+    EXPECT_TRUE(robin->gets(u"<KCC cid=\"1\" r=\"0\"><E id=\"u2\" nm=\"Sasha\" p=\"1\""_s));
+    robin->request(u"<CMSG cid=\"1\" id=\"u1\">\\<SMSG\\>caf\xe9\x01</CMSG>"_s);
+    EXPECT_TRUE(sasha->gets(u"<RCMSG cid=\"1\" id=\"u1\" tid=\"0\">\\<SMSG\\>caf\xe9\x01</RCMSG>"_s));
+    sasha->socket.close();
+    EXPECT_TRUE(robin->gets(u"<E id=\"u2\" nm=\"Sasha\" p=\"0\""_s));
+}
+
+TEST_F(MessengerTest, HostsAnswerOnTheirOwn)
+{
+    const auto robin = connectClient();
+    robin->request(u"<REQUESTJOINCHANNEL cid=\"2\" id=\"u1\" nm=\"Robin\"/>"_s);
+    robin->request(u"<REQUESTJOINCHANNEL cid=\"3\" id=\"u1\" nm=\"Robin\"/>"_s);
+    EXPECT_TRUE(robin->gets(u"<MSG><V mk=\"MSG\"/><AJC cid=\"2\" r=\"0\" tid=\"h2\"/></MSG>"_s));
+    EXPECT_TRUE(robin->gets(u"<MSG><V mk=\"MSG\"/><AJC cid=\"3\" r=\"200\" tid=\"h3\"/></MSG>"_s));
+}
+
+TEST_F(MessengerTest, OddMessagesAreDroppedAndTheNextIsAnswered)
+{
+    const auto robin = connectClient();
+    const auto sasha = connectClient();
+    const QByteArray odd[] = {
+        QByteArray(1, '\0'),
+        QByteArray("garbage\0", 8),
+        QByteArray("<MSG><V mk=\"C1\"/><CREATECHANNEL g=\"1\" nm=\"a\"b\" ty=\"1\"/></MSG>\0", 65),
+        QByteArray("<MSG><V mk=\"MSG\"/><GETSKIN/></MSG>\0", 35),
+        QByteArray("<MSG><V mk=\"\"/><GETSKIN/></MSG>\0", 32),
+        QByteArray("<MSG><V/><GETSKIN/></MSG>\0", 26),
+        QByteArray("<MSG><GETSKIN/><V mk=\"C1\"/></MSG>\0", 34),
+        QByteArray("<MSG><V mk=\"C1\"/></MSG>\0", 24),
+        "<MSG><V mk=\"" + QByteArray(65, 'k') + "\"/><GETSKIN/></MSG>" + QByteArray(1, '\0'),
+        QByteArray(5 * 1024 * 1024, 'x') + QByteArray(1, '\0'),
+        QByteArray("<A>").repeated(100'000) + QByteArray(1, '\0'),
+    };
+    for (const QByteArray &bytes : odd) {
+        robin->send(bytes);
+        robin->request(u"<GETMYDETAILS/>"_s);
+        ASSERT_TRUE(robin->gets(u"<V mk=\"C%1\"/><MYDETAILS id=\"u1\""_s.arg(robin->keys)))
+            << bytes.left(40).constData();
+    }
+    EXPECT_EQ(robin->received.size(), robin->keys + 1) << "only those, and that Sasha came";
+    robin->send("<MSG><V mk=\"C99\"/><GETSK");
+    sasha->request(u"<GETMYDETAILS/>"_s);
+    EXPECT_TRUE(sasha->gets(u"MYDETAILS id=\"u2\""_s)) << "half a message holds nobody up";
+    robin->send(QByteArray("IN/></MSG>\0", 11));
+    EXPECT_TRUE(robin->gets(u"<V mk=\"C99\"/><SKIN "_s));
+}
+
+TEST_F(MessengerTest, ABurstIsAnsweredInOrderWhileOthersAreServed)
+{
+    const auto robin = connectClient();
+    const auto sasha = connectClient();
+    ASSERT_TRUE(robin->gets(u"USERONLINE"_s));
+    robin->received.clear();
+    constexpr int burst = 10'000;
+    QByteArray all;
+    for (int request = 0; request < burst; ++request) {
+        all += robin->message(u"<GETMYDETAILS/>"_s);
+    }
+    robin->send(all);
+    sasha->request(u"<GETSKIN/>"_s);
+    EXPECT_TRUE(sasha->gets(u"<SKIN "_s));
+    EXPECT_LT(robin->received.size(), burst / 2) << "Sasha does not wait for all of Robin's";
+    ASSERT_TRUE(eventually([&] { return robin->received.size() == burst; }));
+    for (int number = 1; number <= burst; ++number) {
+        ASSERT_TRUE(robin->received[number - 1].startsWith(u"<MSG><V mk=\"C%1\"/>"_s.arg(number)));
+    }
+}
+
+TEST_F(MessengerTest, WhoDoesNotReadIsNotReadFromAndInTheEndGivenUp)
+{
+    startWithLongReplies();
+    const auto deaf = connectClient(false);
+    const auto robin = connectClient();
+    ASSERT_TRUE(robin->entersLobby());
+    deaf->request(u"<REQUESTJOINCHANNEL cid=\"1\" id=\"a0\" nm=\"x\"/>"_s);
+    deaf->request(u"<NOTIFYJOINCHANNEL cid=\"1\" id=\"a0\" tid=\"h1\" cnm=\"x\"/>"_s);
+    ASSERT_TRUE(robin->gets(u"<E id=\"a0\""_s));
+    ask(*deaf, 2000);
+    EXPECT_FALSE(eventually([&] { return companion->clientCount() == 1; }, 500))
+        << "its own requests do not bring a client down";
+
+    const QString line = u"<CMSG cid=\"1\" id=\"a1\">"_s + QString(60'000, u'x') + u"</CMSG>"_s;
+    for (int count = 0; count < 400 && companion->clientCount() == 2; ++count) {
+        robin->request(line);
+        ASSERT_TRUE(robin->gets(u"<V mk=\"C%1\"/><ACKSM/>"_s.arg(robin->keys)));
+    }
+    EXPECT_TRUE(eventually([&] { return companion->clientCount() == 1; }));
+    EXPECT_TRUE(robin->gets(u"<E id=\"a0\" nm=\"0xx"_s));
+}
+
+TEST_F(MessengerTest, WhoPausesGoesOnWhereItStopped)
+{
+    startWithLongReplies();
+    const auto slow = connectClient(false);
+    ask(*slow, 2000);
+    EXPECT_FALSE(eventually([&] { return companion->clientCount() == 0; }, 200));
+    slow->socket.setReading(true);
+    ASSERT_TRUE(eventually([&] { return slow->received.size() == 2000; }));
+    EXPECT_TRUE(slow->received.last().startsWith(u"<MSG><V mk=\"C2000\"/>"));
+}
+
+TEST_F(MessengerTest, WhatWasSentBeforeTheEndIsStillHandled)
+{
+    const auto robin = connectClient();
+    ASSERT_TRUE(robin->entersLobby());
+    const auto sasha = connectClient();
+    ASSERT_TRUE(sasha->entersLobby());
+    for (int line = 0; line < 500; ++line) {
+        sasha->request(u"<CMSG cid=\"1\" id=\"u2\">line %1.</CMSG>"_s.arg(line));
+    }
+    ASSERT_EQ(sasha->socket.pendingBytes(), 0);
+    sasha->socket.close();
+    EXPECT_TRUE(robin->gets(u">line 499.<"_s));
+    EXPECT_TRUE(eventually([&] { return companion->clientCount() == 1; }));
+}
+
+TEST_F(MessengerTest, NoMoreThan64Clients)
+{
+    std::vector<std::unique_ptr<RawClient>> clients;
+    for (int count = 0; count < 64; ++count) {
+        clients.push_back(connectClient());
+    }
+    RawClient oneMore(companion->port());
+    EXPECT_TRUE(eventually([&] { return oneMore.isClosed; }));
+    clients.pop_back();
+    EXPECT_TRUE(eventually([&] { return companion->clientCount() == 63; }));
+    const auto next = connectClient();
+    next->request(u"<GETMYDETAILS/>"_s);
+    EXPECT_TRUE(next->gets(u"id=\"u156\" nick=\"Guest 156\""_s));
+}
+
+TEST_F(MessengerTest, GuestsWelcomeWhoComesToTheLobby)
+{
+    companion.reset();
+    options.guests = 2;
+    start();
+    const auto robin = connectClient();
+    ASSERT_TRUE(robin->entersLobby());
+    QElapsedTimer elapsed;
+    elapsed.start();
+    EXPECT_TRUE(robin->gets(u"Robin"_s));
+    EXPECT_LT(elapsed.elapsed(), 3000);
+}
+
+TEST_F(MessengerTest, EndingClosesTheConnections)
+{
+    const auto robin = connectClient();
+    int quits = 0;
+    QObject::connect(companion.get(), &Messenger::quitRequested, [&] { ++quits; });
+    companion->command(u"quit"_s);
+    EXPECT_EQ(quits, 1);
+    companion.reset();
+    EXPECT_TRUE(eventually([&] { return robin->isClosed; }));
+}
