@@ -53,6 +53,7 @@ void drawMemberList(QTreeWidget &list, const colChatters &chatters, const Shared
              chatters, state);
     addGroup(list, {QStringLiteral("Pending"), false, [](const clsChatters &m) { return m.Pending; }},
              chatters, state);
+    list.doItemsLayout(); // or the scroll bar still has the range of the empty list
     list.verticalScrollBar()->setValue(firstRow);
     list.setUpdatesEnabled(true);
 }

@@ -1,56 +1,27 @@
-#include "core/clsMyApp.h"
-#include "core/command_line.h"
-#include "core/shared_state.h"
-#include "link/frmComms.h"
-#include "platform/settings_file.h"
-#include "platform/skinnable.h"
-#include "support/fake_clock.h"
-#include "support/fake_prompts.h"
+#include "support/link_fixture.h"
 #include "support/recording_room.h"
-#include "support/scripted_messenger.h"
-#include "support/text.h"
 
 #include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 namespace {
 
-struct Link : testing::Test
+struct Link : LinkFixture
 {
     Link()
     {
-        settings.FileName = folder.filePath(u"Pylox.ini"_s);
         state.MyUserID = u"u1"_s;
         state.CurrentRoomID = 12;
         link.setRoomEvents(&room);
     }
 
-    [[nodiscard]] bool connectTo(const QString &portText)
-    {
-        return link.ConnectToClient(CommandLine(QStringList{u"-port" + portText + u'~'}));
-    }
-
-    void SetUp() override { ASSERT_TRUE(connectTo(QString::number(messenger.port()))); }
+    void SetUp() override { connectLink(); }
 
     void answerWith(const QStringList &messages)
     {
         messenger.answerBy([messages](const QString &) { return messages; });
     }
 
-    static QString reply(const QString &payload) { return u"<MSG><V mk=\"{key}\"/>" + payload + u"</MSG>"; }
-
-    QTemporaryDir folder;
-    SharedState state;
-    clsMyApp myApp{folder.path()};
-    SettingsFile settings;
-    LoadedWindows windows;
-    FakePrompts prompts;
-    FakeClock clock;
     RecordingRoom room;
-    ScriptedMessenger messenger;
-    frmComms link{state, myApp, settings, windows, prompts, clock};
 };
 
 struct LinkPort : Link
@@ -190,7 +161,6 @@ TEST_F(Link, ShutDownReleasesWaitsAndStopsWrites)
 TEST_F(Link, MessagesCutAndJoinedAnyhowAndGarbageBetween)
 {
     const QByteArray event = QByteArray("<MSG><V mk=\"MSG\"/><RCMSG/></MSG>") + '\0';
-    ASSERT_TRUE(eventually([this] { return messenger.hasClient(); }));
     messenger.sendRaw(event + event + event.first(20));
     EXPECT_TRUE(eventually([this] { return room.events.size() == 2; }));
     messenger.sendRaw(event.sliced(20) + QByteArray("noise\0\0<MSG>\0", 13) + QByteArray(5'000'000, 'x') +
@@ -208,7 +178,6 @@ TEST_F(Link, ASkinChangeNamesAFileThatExists)
     windows.enter(window);
     const QString skin = folder.filePath(u"Red.skn"_s);
     ASSERT_TRUE(QFile(skin).open(QIODevice::WriteOnly));
-    ASSERT_TRUE(eventually([this] { return messenger.hasClient(); }));
     messenger.send(u"<SKINCHANGE value=\""_s + folder.filePath(u"None.skn"_s) + u"\"/>"_s);
     messenger.send(u"<SKINCHANGE value=\""_s + skin + u"\"/>"_s);
     EXPECT_TRUE(eventually([&] { return window.changes > 0; }));

@@ -11,6 +11,11 @@
 
 namespace {
 
+QByteArray terminated(QByteArray message)
+{
+    return message.append('\0');
+}
+
 class MessengerTest : public testing::Test
 {
 protected:
@@ -126,17 +131,17 @@ TEST_F(MessengerTest, OddMessagesAreDroppedAndTheNextIsAnswered)
     const auto robin = connectClient();
     const auto sasha = connectClient();
     const QByteArray odd[] = {
-        QByteArray(1, '\0'),
-        QByteArray("garbage\0", 8),
-        QByteArray("<MSG><V mk=\"C1\"/><CREATECHANNEL g=\"1\" nm=\"a\"b\" ty=\"1\"/></MSG>\0", 65),
-        QByteArray("<MSG><V mk=\"MSG\"/><GETSKIN/></MSG>\0", 35),
-        QByteArray("<MSG><V mk=\"\"/><GETSKIN/></MSG>\0", 32),
-        QByteArray("<MSG><V/><GETSKIN/></MSG>\0", 26),
-        QByteArray("<MSG><GETSKIN/><V mk=\"C1\"/></MSG>\0", 34),
-        QByteArray("<MSG><V mk=\"C1\"/></MSG>\0", 24),
-        "<MSG><V mk=\"" + QByteArray(65, 'k') + "\"/><GETSKIN/></MSG>" + QByteArray(1, '\0'),
-        QByteArray(5 * 1024 * 1024, 'x') + QByteArray(1, '\0'),
-        QByteArray("<A>").repeated(100'000) + QByteArray(1, '\0'),
+        terminated({}),
+        terminated("garbage"),
+        terminated("<MSG><V mk=\"C1\"/><CREATECHANNEL g=\"1\" nm=\"a\"b\" ty=\"1\"/></MSG>"),
+        terminated("<MSG><V mk=\"MSG\"/><GETSKIN/></MSG>"),
+        terminated("<MSG><V mk=\"\"/><GETSKIN/></MSG>"),
+        terminated("<MSG><V/><GETSKIN/></MSG>"),
+        terminated("<MSG><GETSKIN/><V mk=\"C1\"/></MSG>"),
+        terminated("<MSG><V mk=\"C1\"/></MSG>"),
+        "<MSG><V mk=\"" + QByteArray(65, 'k') + terminated("\"/><GETSKIN/></MSG>"),
+        terminated(QByteArray(5 * 1024 * 1024, 'x')),
+        terminated(QByteArray("<A>").repeated(100'000)),
     };
     for (const QByteArray &bytes : odd) {
         robin->send(bytes);
@@ -148,7 +153,7 @@ TEST_F(MessengerTest, OddMessagesAreDroppedAndTheNextIsAnswered)
     robin->send("<MSG><V mk=\"C99\"/><GETSK");
     sasha->request(u"<GETMYDETAILS/>"_s);
     EXPECT_TRUE(sasha->gets(u"MYDETAILS id=\"u2\""_s)) << "half a message holds nobody up";
-    robin->send(QByteArray("IN/></MSG>\0", 11));
+    robin->send(terminated("IN/></MSG>"));
     EXPECT_TRUE(robin->gets(u"<V mk=\"C99\"/><SKIN "_s));
 }
 

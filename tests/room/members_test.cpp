@@ -1,0 +1,90 @@
+#include "core/shared_state.h"
+#include "room/colChatters.h"
+#include "room/member_list.h"
+#include "support/text.h"
+
+#include <QScrollBar>
+#include <QTreeWidget>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(Chatters, RecordsAreUniqueAndCopiesStartUnmarked)
+{
+    colChatters chatters;
+    const QDateTime now(QDate(2026, 3, 5), QTime(12, 0));
+    const auto ann = chatters.Add(u"7"_s, u"Ann"_s, 11, 26, true, u"by"_s, now, true, u"to"_s);
+    ASSERT_NE(ann, nullptr);
+    EXPECT_EQ(chatters.Add(u"7"_s, u"Other"_s, 0, 0, false, {}, now, false, {}), nullptr);
+    EXPECT_EQ(chatters.Count(), 1);
+    EXPECT_EQ(chatters.Item(u"C7"_s), ann);
+    EXPECT_EQ(chatters.withId(u"8"), nullptr);
+    EXPECT_FALSE(ann->AutoAccept || ann->Highlight);
+
+    ann->Nickname = u"Annie"_s;
+    ann->AutoAccept = ann->Highlight = true;
+    EXPECT_EQ(ann->OriginalName, u"Ann"_s);
+    colChatters others;
+    const auto copy = others.AddObject(*ann);
+    EXPECT_EQ(copy->OriginalName, u"Annie"_s);
+    EXPECT_EQ(copy->Joined, now);
+    EXPECT_TRUE(copy->Owner && copy->Pending && copy->ToUserID == u"to"_s && copy->InvitedBy == u"by"_s);
+    EXPECT_FALSE(copy->AutoAccept || copy->Highlight);
+}
+
+/// The rows as text, members indented.
+QStringList rows(const QTreeWidget &list)
+{
+    QStringList all;
+    for (int group = 0; group < list.topLevelItemCount(); ++group) {
+        const QTreeWidgetItem *heading = list.topLevelItem(group);
+        all += heading->text(0);
+        for (int row = 0; row < heading->childCount(); ++row) {
+            all += u"  " + heading->child(row)->text(0) + u' ' +
+                   heading->child(row)->data(0, Qt::UserRole).toString();
+        }
+    }
+    return all;
+}
+
+TEST(MemberList, GroupsNamesAndPositions)
+{
+    SharedState state;
+    colChatters chatters;
+    QTreeWidget list;
+    drawMemberList(list, chatters, state);
+    EXPECT_EQ(rows(list), QStringList{u"Owner"_s});
+
+    AddToList(state.lists, u'P', u"2"_s, u"My friend"_s);
+    const auto add = [&](const QString &id, bool owner, bool pending) {
+        chatters.Add(id, u"n" + id, 11, 0, owner, {}, {}, pending, {});
+    };
+    add(u"1"_s, false, true);
+    add(u"2"_s, false, false);
+    add(u"3"_s, true, false);
+    add(u"4"_s, false, false);
+    drawMemberList(list, chatters, state);
+    EXPECT_EQ(rows(list), (QStringList{u"Owner"_s, u"  n3 3"_s, u"Online"_s, u"  My friend 2"_s, u"  n4 4"_s,
+                                       u"Pending"_s, u"  n1 1"_s}));
+}
+
+TEST(MemberList, ARebuildKeepsTheFirstVisibleRow)
+{
+    const SharedState state;
+    colChatters chatters;
+    for (int at = 0; at < 200; ++at) {
+        chatters.addUnknown(QString::number(at));
+    }
+    QTreeWidget list;
+    list.resize(100, 200);
+    list.show();
+    drawMemberList(list, chatters, state);
+    list.verticalScrollBar()->setValue(50);
+    const QString first = list.itemAt(QPoint(30, 2))->text(0);
+    drawMemberList(list, chatters, state);
+    EXPECT_EQ(list.verticalScrollBar()->value(), 50);
+    EXPECT_EQ(list.itemAt(QPoint(30, 2))->text(0), first);
+}
+
+} // namespace
