@@ -58,8 +58,9 @@ TEST_F(ConsoleTest, SaysWhatIsWrong)
     world.createRoom(robin, u"1"_s, u"Den"_s, false);
     for (const QString &line :
          {u"bogus"_s, u"say"_s, u"say 1"_s, u"say 99 x"_s, u"say 6 x"_s, u"close"_s, u"close x"_s,
-          u"kick 1 u1"_s, u"kick 1 h1"_s, u"kick 9 u1"_s, u"whisper nobody x"_s, u"status u1 x 1"_s,
-          u"status u1 1"_s, u"status zz 1 1"_s, u"rename zz x"_s, u"quit now"_s, u"skin"_s}) {
+          u"kick 1 u1"_s, u"kick 1 h1"_s, u"kick 9 u1"_s, u"whisper nobody x"_s, u"whisper u8 x"_s,
+          u"status u1 x 1"_s, u"status u1 1"_s, u"status zz 1 1"_s, u"rename zz x"_s, u"quit now"_s,
+          u"skin"_s}) {
         const QString output = console.run(line);
         EXPECT_FALSE(output.isEmpty()) << line.toStdString();
         EXPECT_FALSE(output.contains(u'\n')) << output.toStdString();

@@ -132,6 +132,7 @@ TEST_F(RequestsTest, RefusesWhatOneHasNoRightTo)
         {sasha, u"<CCMD cid=\"6\">DROPUSER userid=u1\x03 nick=Robin\x03</CCMD>"_s, QString()},
         {robin, u"<CCMD cid=\"6\">DROPUSER userid=u1\x03 nick=Robin\x03</CCMD>"_s, QString()},
         {robin, u"<CCMD cid=\"6\">DROPUSER userid=u2</CCMD>"_s, QString()},
+        {sasha, u"<CCMD cid=\"6\">DROPUSER userid=u2\x03 nick=Sasha\x03</CCMD>"_s, QString()},
         {noor, u"<ALLOWJOINCHANNEL cid=\"6\" id=\"u3\" tid=\"u1\" r=\"0\"/>"_s, u"<ADC r=\"2\"/>"_s},
         {robin, u"<ALLOWJOINCHANNEL cid=\"6\" id=\"u3\" tid=\"u1\" r=\"0\"/>"_s, u"<ADC r=\"3\"/>"_s},
         {sasha, u"<DESTROYCHANNEL cid=\"6\"/>"_s, u"<KLC r=\"2\"/>"_s},

@@ -33,9 +33,9 @@ void ScriptedMessenger::answer(const QString &message)
     const qsizetype start = message.indexOf(u"/>") + 2;
     const QString request = message.sliced(start, message.lastIndexOf(u"</MSG>") - start);
     requests.append(request);
-    if (request == u"<GETSKIN/>") {
+    if (answersStartUp && request == u"<GETSKIN/>") {
         send(QStringLiteral("<SKIN value=\"C:\\\\skins\\\\Blue.skn\"/>"), key);
-    } else if (request == u"<GETMYDETAILS/>") {
+    } else if (answersStartUp && request == u"<GETMYDETAILS/>") {
         send(QStringLiteral("<MYDETAILS id=\"u1\" nick=\"Ann\" s=\"11\" m=\"7\"/>"), key);
     } else if (m_script) {
         for (QString reply : m_script(request)) {

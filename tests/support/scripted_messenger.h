@@ -23,7 +23,8 @@ public:
     [[nodiscard]] quint16 port() const { return m_listener.port(); }
     [[nodiscard]] bool hasClient() const { return m_client != nullptr; }
 
-    /// Answers SKIN and MYDETAILS as a messenger does, everything else by the script.
+    /// Answers by the script. What start-up asks is answered as a messenger does, unless that is switched
+    /// off.
     void answerBy(Script script) { m_script = std::move(script); }
 
     /// Sends one message: the payload in an envelope with this key.
@@ -34,6 +35,7 @@ public:
     /// Ends the connection so that the other side sees it reset.
     void resetClient();
 
+    bool answersStartUp = true;
     QStringList requests; ///< what came, the element inside the envelope only
 
 private:

@@ -1,0 +1,115 @@
+#include "app/program.h"
+#include "room/frmMain.h"
+#include "support/fake_clock.h"
+#include "support/fake_prompts.h"
+#include "support/scripted_messenger.h"
+#include "support/text.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct StartUp : testing::Test
+{
+    [[nodiscard]] std::unique_ptr<Program> program(const QStringList &arguments)
+    {
+        return std::make_unique<Program>(folder.path(), CommandLine(arguments), prompts, clock);
+    }
+
+    [[nodiscard]] QStringList portOfMessenger() const
+    {
+        return {QString(u"-port" + QString::number(messenger.port()) + u'~')};
+    }
+
+    /// Answers the two requests of start-up with these payloads; an empty one gives no answer at all.
+    void answer(const QString &skin, const QString &details)
+    {
+        messenger.answersStartUp = false;
+        messenger.answerBy([=](const QString &request) {
+            const QString payload = request == u"<GETSKIN/>"_s ? skin : details;
+            return payload.isEmpty() ? QStringList()
+                                     : QStringList{QString(u"<MSG><V mk=\"{key}\"/>" + payload + u"</MSG>")};
+        });
+    }
+
+    QTemporaryDir folder;
+    FakePrompts prompts;
+    FakeClock clock;
+    ScriptedMessenger messenger;
+};
+
+TEST_F(StartUp, AsksForSkinAndDetailsAndShowsTheWindow)
+{
+    SettingsFile settings;
+    settings.FileName = folder.filePath(u"Pylox.ini"_s);
+    settings.WriteValue(u"Port"_s, QString::number(messenger.port()), u"Chat"_s);
+    const auto chat = program({});
+    ASSERT_TRUE(chat->Main());
+    EXPECT_EQ(messenger.requests.first(2), (QStringList{u"<GETSKIN/>"_s, u"<GETMYDETAILS/>"_s}));
+    EXPECT_TRUE(chat->window()->isVisible());
+    EXPECT_EQ(chat->state().MyUserID, u"u1"_s);
+    EXPECT_EQ(chat->state().MyNickname, u"Ann"_s);
+    EXPECT_EQ(chat->state().MyStatus, 11);
+    EXPECT_EQ(chat->state().MyMood, 7);
+    EXPECT_TRUE(prompts.boxes.isEmpty());
+}
+
+TEST_F(StartUp, EachFailureShowsItsBoxAndNothingElse)
+{
+    const FakePrompts::Box noMessenger{u"Messenger not found"_s, u"Could not connect to Pylox Messenger."_s,
+                                       PromptIcon::Stop};
+    const FakePrompts::Box noSkin{u"No skin found"_s, u"Error loading skin for Pylox Chat Client."_s,
+                                  PromptIcon::Stop};
+    const FakePrompts::Box noDetails{
+        u"No Details"_s, u"Error retrieving your details from Pylox Messenger."_s, PromptIcon::Stop};
+    const QString skin = u"<SKIN value=\"Blue.skn\"/>"_s;
+    const struct
+    {
+        QStringList arguments;
+        QString skin;
+        QString details;
+        FakePrompts::Box box;
+    } cases[] = {
+        {{}, skin, {}, noMessenger},
+        {{u"-port1~"_s}, skin, {}, noMessenger},
+        {{u"-portnone~"_s}, skin, {}, noMessenger},
+        {portOfMessenger(), u"<SKIN value=\"\"/>"_s, {}, noSkin},
+        {portOfMessenger(), u"<SKIN/>"_s, {}, noSkin},
+        {portOfMessenger(), u"<ACKSM/>"_s, {}, noDetails}, // the request's own text stands for the skin
+        {portOfMessenger(), skin, u"<ACKSM/>"_s, noDetails},
+    };
+    for (const auto &c : cases) {
+        prompts.boxes.clear();
+        answer(c.skin, c.details.isEmpty() ? u"<ACKSC/>"_s : c.details);
+        const auto chat = program(c.arguments);
+        EXPECT_FALSE(chat->Main());
+        EXPECT_EQ(prompts.boxes, QList<FakePrompts::Box>{c.box}) << c.skin.toStdString();
+        EXPECT_EQ(chat->window(), nullptr);
+    }
+}
+
+TEST_F(StartUp, AMessengerThatLeavesOrKeepsSilentInTheMiddle)
+{
+    answer({}, {});
+    QTimer::singleShot(150, [this] { messenger.closeClient(); });
+    EXPECT_FALSE(program(portOfMessenger())->Main());
+    QTimer::singleShot(150, [this] { clock.advance(31'000); });
+    EXPECT_FALSE(program(portOfMessenger())->Main());
+    ASSERT_EQ(prompts.boxes.size(), 2);
+    EXPECT_EQ(prompts.boxes[0].caption, u"No skin found"_s);
+    EXPECT_EQ(prompts.boxes[1].caption, u"No skin found"_s);
+}
+
+TEST_F(StartUp, DetailsOfAnotherNameLeaveTheUserUnknown)
+{
+    answer(u"<SKIN value=\"Blue.skn\"/>"_s, u"<CTL id=\"u1\" nick=\"Ann\"/>"_s);
+    const auto chat = program(portOfMessenger());
+    ASSERT_TRUE(chat->Main());
+    EXPECT_TRUE(chat->state().MyUserID.isEmpty());
+    EXPECT_EQ(chat->state().MyStatus, 0);
+    EXPECT_TRUE(chat->window()->isVisible());
+}
+
+} // namespace
