@@ -25,7 +25,7 @@ void unlink(Node *&first, Node *&last, Node *before, Node *node, Node *Node::*ne
 /// Each block is twice as large as the one before, up to a bound, so that a large message needs few of them.
 void XMLArena::addBlock(std::size_t leastSize)
 {
-    constexpr std::size_t largest = 256 * 1024;
+    constexpr std::size_t largest = 256U << 10U;
     const std::size_t usual = sizeof m_first << std::min<std::size_t>(m_blocks.size() + 1, 10);
     const std::size_t size = std::max(leastSize, std::min(usual, largest));
     m_free = m_blocks.emplace_back(std::make_unique_for_overwrite<std::byte[]>(size)).get();

@@ -14,8 +14,8 @@
 class MessageFramer
 {
 public:
-    static constexpr qsizetype defaultLimit = 4 * 1024 * 1024;
-    static constexpr qsizetype blockSize = 64 * 1024;
+    static constexpr qsizetype defaultLimit = 4 << 20;
+    static constexpr qsizetype blockSize = 64 << 10;
 
     explicit MessageFramer(qsizetype limit = defaultLimit) : m_limit(limit) {}
 

@@ -54,8 +54,8 @@ char16_t *unescapeTo(QStringView text, char16_t *out)
 
 constexpr auto escapedCharacters = [] {
     std::array<bool, 128> table{};
-    for (const char c : {'\\', '/', '>', '=', '"', '<'}) {
-        table[static_cast<std::size_t>(c)] = true;
+    for (const char16_t c : {u'\\', u'/', u'>', u'=', u'"', u'<'}) {
+        table[c] = true;
     }
     return table;
 }();
