@@ -1,5 +1,6 @@
 #include "app/program.h"
 #include "core/application_folder.h"
+#include "platform/addresses.h"
 #include "platform/message_boxes.h"
 
 #include <QApplication>
@@ -14,8 +15,9 @@ int main(int argc, char *argv[])
 
     MessageBoxes prompts;
     SystemClock clock;
+    DesktopAddresses addresses(pagesFolder(QApplication::applicationDirPath()));
     Program program(applicationFolder(QApplication::applicationDirPath()),
-                    CommandLine(QApplication::arguments().sliced(1)), prompts, clock);
+                    CommandLine(QApplication::arguments().sliced(1)), prompts, clock, addresses);
     QObject::connect(&program, &Program::ended, &application, &QApplication::quit, Qt::QueuedConnection);
     return program.Main() ? QApplication::exec() : 1;
 }

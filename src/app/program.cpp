@@ -2,8 +2,12 @@
 
 #include "core/numbers.h"
 #include "link/frmComms.h"
+#include "platform/addresses.h"
 #include "platform/prompts.h"
 #include "room/frmMain.h"
+
+#include <QCoreApplication>
+#include <QDir>
 
 namespace {
 
@@ -12,14 +16,19 @@ constexpr int settingsMode = 512; // what the messenger's settings component exp
 } // namespace
 
 Program::Program(const QString &applicationFolder, const CommandLine &commandLine, Prompts &prompts,
-                 Clock &clock)
-    : m_commandLine(commandLine), m_prompts(prompts), m_clock(clock), m_myApp(applicationFolder)
+                 Clock &clock, Addresses &addresses)
+    : m_commandLine(commandLine),
+      m_prompts(prompts),
+      m_clock(clock),
+      m_addresses(addresses),
+      m_myApp(applicationFolder)
 {}
 
 Program::~Program() = default;
 
 bool Program::Main()
 {
+    QDir().mkpath(m_myApp.Path());
     m_settings.Mode = settingsMode;
     m_settings.FileName = m_myApp.Path() + u"Pylox.ini";
     m_link = std::make_unique<frmComms>(m_state, m_myApp, m_settings, m_loadedWindows, m_prompts, m_clock);
@@ -71,6 +80,9 @@ void Program::showRoom()
 {
     m_window = std::make_unique<frmMain>(m_state, m_options, *m_link, m_prompts, m_commandLine);
     connect(m_window.get(), &frmMain::exited, this, &Program::ended);
+    connect(m_window.get(), &frmMain::helpRequested, this, [this](const QString &anchor) {
+        ShowHelp(anchor, m_settings, pagesFolder(QCoreApplication::applicationDirPath()), m_addresses);
+    });
     m_window->show();
     m_window->repaint();
 }

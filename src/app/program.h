@@ -12,6 +12,7 @@
 
 #include <memory>
 
+class Addresses;
 class Prompts;
 class frmComms;
 class frmMain;
@@ -24,7 +25,8 @@ class Program final : public QObject
 
 public:
     /// The application folder is where the settings file lies.
-    Program(const QString &applicationFolder, const CommandLine &commandLine, Prompts &prompts, Clock &clock);
+    Program(const QString &applicationFolder, const CommandLine &commandLine, Prompts &prompts, Clock &clock,
+            Addresses &addresses);
     ~Program() override;
 
     /// Connects to the messenger, asks it for the skin and for the user's details, and shows the room window.
@@ -47,6 +49,7 @@ private:
     CommandLine m_commandLine;
     Prompts &m_prompts;
     Clock &m_clock;
+    Addresses &m_addresses;
 
     SharedState m_state;
     Options m_options;

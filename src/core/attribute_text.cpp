@@ -1,5 +1,12 @@
 #include "core/attribute_text.h"
 
+QString withoutControlCharacters(QStringView text)
+{
+    QString clean = text.toString();
+    clean.removeIf([](QChar c) { return c < u' ' && c != u'\t'; });
+    return clean;
+}
+
 QString GetAttribute(QStringView text, QStringView key, const QString &defaultValue)
 {
     const qsizetype at = text.indexOf(key);

@@ -9,6 +9,9 @@ inline constexpr QChar emotionTextEnd(2);
 /// Ends each item of a room or private message.
 inline constexpr QChar itemEnd(1);
 
+/// The text without control characters other than tab, which would forge the end of a value or an item.
+[[nodiscard]] QString withoutControlCharacters(QStringView text);
+
 /// The characters behind the key (such as " userid=") up to the next value end; the default when the key or
 /// the end is missing.
 [[nodiscard]] QString GetAttribute(QStringView text, QStringView key, const QString &defaultValue);

@@ -9,7 +9,13 @@ clsMyApp::clsMyApp(const QString &folder) : m_path(withTrailingSeparator(folder)
 
 bool clsMyApp::IsFile(const QString &path)
 {
-    return QFileInfo(path).isFile() && QFile(path).open(QIODevice::ReadOnly);
+    const QString local = localPath(path);
+    return QFileInfo(local).isFile() && QFile(local).open(QIODevice::ReadOnly);
+}
+
+QString clsMyApp::localPath(const QString &path)
+{
+    return QString(path).replace(u'\\', u'/');
 }
 
 QString clsMyApp::SkinName() const

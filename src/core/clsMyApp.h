@@ -15,8 +15,12 @@ public:
     /// The application folder, ending with exactly one separator.
     [[nodiscard]] QString Path() const { return m_path; }
 
-    /// True when the path is a file that can be opened for reading. False for a folder and for an empty path.
+    /// True when the path, as localPath() has it, is a file that can be opened for reading. False for a
+    /// folder and for an empty path.
     [[nodiscard]] static bool IsFile(const QString &path);
+
+    /// A path from the messenger as this system opens it: both "/" and "\\" part folders.
+    [[nodiscard]] static QString localPath(const QString &path);
 
     /// The base name of the skin file, without its last extension; empty when the file name has no ".".
     [[nodiscard]] QString SkinName() const;

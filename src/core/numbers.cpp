@@ -13,12 +13,10 @@ qint32 leadingInt32(QStringView text)
     if (negative || (at < text.size() && text[at] == u'+')) {
         ++at;
     }
+    using Limits = std::numeric_limits<qint32>;
     qint64 value = 0;
     for (; at < text.size() && isDigit(text[at]); ++at) {
-        value = value * 10 + (text[at].unicode() - u'0');
-        if (value > std::numeric_limits<qint32>::max()) {
-            return 0;
-        }
+        value = qMin(value * 10 + (text[at].unicode() - u'0'), -qint64(Limits::min()));
     }
-    return static_cast<qint32>(negative ? -value : value);
+    return static_cast<qint32>(negative ? -value : qMin(value, qint64(Limits::max())));
 }

@@ -13,6 +13,9 @@
 /// read by name and dropped as a whole, so all of it lives in the arena of its XMLDocument and an element
 /// costs no allocation of its own. Texts are views: of the message that was parsed, or of the arena.
 
+template <typename Node>
+class XMLList;
+
 /// One attribute.
 struct clsXMLPart
 {
@@ -23,6 +26,8 @@ private:
     friend class colXMLParts;
     template <typename Node>
     friend class XMLIterator;
+    template <typename Node>
+    friend class XMLList;
     QStringView m_key;
     clsXMLPart *m_next = nullptr;
 };
@@ -90,77 +95,118 @@ private:
     std::vector<std::unique_ptr<std::byte[]>> m_blocks;
 };
 
-/// The attributes of one element, in insertion order, each under a unique key.
-class colXMLParts
+/// Nodes of one element in insertion order, found by key or by position. Positions count from 1; an empty key
+/// finds nothing.
+template <typename Node>
+class XMLList
 {
 public:
-    using iterator = XMLIterator<const clsXMLPart>;
+    using iterator = XMLIterator<const Node>;
 
-    explicit colXMLParts(XMLArena &arena) : m_arena(&arena) {}
+    /// Null when there is no such node.
+    [[nodiscard]] const Node *Item(QStringView key) const { return const_cast<XMLList *>(this)->Item(key); }
+    [[nodiscard]] Node *Item(QStringView key) { return find(key).node; }
+    [[nodiscard]] const Node *Item(qsizetype position) const
+    {
+        return const_cast<XMLList *>(this)->find(position).node;
+    }
+
+    [[nodiscard]] qsizetype Count() const { return m_count; }
+
+    /// False when there is no such node.
+    bool Remove(QStringView key) { return remove(find(key)); }
+    bool Remove(qsizetype position) { return remove(find(position)); }
+
+    [[nodiscard]] iterator begin() const { return iterator(m_first); }
+    [[nodiscard]] iterator end() const { return {}; }
+
+protected:
+    explicit XMLList(XMLArena &arena) : m_arena(&arena) {}
+
+    void link(Node *node)
+    {
+        (m_last != nullptr ? m_last->m_next : m_first) = node;
+        m_last = node;
+        ++m_count;
+    }
+
+    XMLArena *m_arena;
+
+private:
+    /// The node that was looked for and the one before it; both may be null.
+    struct Found
+    {
+        Node *before = nullptr;
+        Node *node = nullptr;
+    };
+
+    [[nodiscard]] Found find(QStringView key)
+    {
+        Found found{nullptr, key.isEmpty() ? nullptr : m_first};
+        while (found.node != nullptr && found.node->m_key != key) {
+            found = {found.node, found.node->m_next};
+        }
+        return found;
+    }
+
+    [[nodiscard]] Found find(qsizetype position)
+    {
+        Found found{nullptr, position >= 1 ? m_first : nullptr};
+        for (qsizetype at = 1; found.node != nullptr && at < position; ++at) {
+            found = {found.node, found.node->m_next};
+        }
+        return found;
+    }
+
+    bool remove(const Found &found)
+    {
+        if (found.node == nullptr) {
+            return false;
+        }
+        (found.before != nullptr ? found.before->m_next : m_first) = found.node->m_next;
+        if (m_last == found.node) {
+            m_last = found.before;
+        }
+        --m_count;
+        return true;
+    }
+
+    Node *m_first = nullptr;
+    Node *m_last = nullptr;
+    qsizetype m_count = 0;
+};
+
+/// The attributes of one element, each under a unique key.
+class colXMLParts : public XMLList<clsXMLPart>
+{
+public:
+    explicit colXMLParts(XMLArena &arena) : XMLList(arena) {}
 
     /// Adds copies of the texts under the name or, when that is empty, under the key; with both empty the
     /// part is made but not stored. Null, and nothing added, when the key is already present.
     clsXMLPart *Add(QStringView name, QStringView value, QStringView key = {});
 
-    /// The part under the key, or null.
-    [[nodiscard]] const clsXMLPart *Item(QStringView key) const;
-    [[nodiscard]] clsXMLPart *Item(QStringView key);
-    /// The part at the position, counted from 1, or null.
-    [[nodiscard]] const clsXMLPart *Item(qsizetype position) const;
-
-    [[nodiscard]] qsizetype Count() const { return m_count; }
-
-    /// False when there is no such part.
-    bool Remove(QStringView key);
-
-    [[nodiscard]] iterator begin() const { return iterator(m_first); }
-    [[nodiscard]] iterator end() const { return {}; }
-
 private:
     friend class XMLParser;
     /// Adds views, and leaves it to the caller that the key is new.
     clsXMLPart *append(QStringView name, QStringView value, QStringView key);
-
-    XMLArena *m_arena;
-    clsXMLPart *m_first = nullptr;
-    clsXMLPart *m_last = nullptr;
-    qsizetype m_count = 0;
 };
 
 class clsXMLMessage;
 
-/// The children of one element, in document order.
-class colXMLMessage
+/// The children of one element, in document order. A caller that needs a child that is not there treats the
+/// null as an error.
+class colXMLMessage : public XMLList<clsXMLMessage>
 {
 public:
-    using iterator = XMLIterator<const clsXMLMessage>;
-
-    explicit colXMLMessage(XMLArena &arena) : m_arena(&arena) {}
+    explicit colXMLMessage(XMLArena &arena) : XMLList(arena) {}
 
     /// A new child at the end; with a key it can be asked for by it. The tree owns it.
     clsXMLMessage &Add(QStringView name, QStringView key = {});
 
-    /// The child at the position, counted from 1, or under the key; null when there is none, which a caller
-    /// that needs it treats as an error.
-    [[nodiscard]] const clsXMLMessage *Item(qsizetype position) const;
-    [[nodiscard]] const clsXMLMessage *Item(QStringView key) const;
-
-    [[nodiscard]] qsizetype Count() const { return m_count; }
-
-    /// False when there is no such child.
-    bool Remove(qsizetype position);
-
-    [[nodiscard]] iterator begin() const;
-    [[nodiscard]] iterator end() const { return {}; }
-
 private:
     friend class XMLParser;
     clsXMLMessage &append(QStringView name, QStringView key);
-
-    XMLArena *m_arena;
-    clsXMLMessage *m_first = nullptr;
-    clsXMLMessage *m_last = nullptr;
-    qsizetype m_count = 0;
 };
 
 /// One element. Its text content is the attribute "cnode".
@@ -182,6 +228,8 @@ private:
     friend class colXMLMessage;
     template <typename Node>
     friend class XMLIterator;
+    template <typename Node>
+    friend class XMLList;
     QStringView m_key;
     clsXMLMessage *m_next = nullptr;
 };

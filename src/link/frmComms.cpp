@@ -95,8 +95,13 @@ void frmComms::cleanUp()
 }
 
 /// One block at a time, so that the windows are drawn and the user is heard between the blocks of a flood.
+/// Inside a handler's wait, what came before is handled before more is read.
 void frmComms::receive()
 {
+    if (!m_receiveBuffer.isDrained()) {
+        handleReceived();
+        return;
+    }
     const TcpSocket::ReadResult result = tcpClient.read(m_receiveBuffer.tail());
     switch (result.status) {
     case TcpSocket::ReadStatus::Empty:
@@ -225,7 +230,11 @@ bool frmComms::SendNotify(const QString &targetUserId)
 
 bool frmComms::SendMessage(const QString &text, const QString &targetUserId)
 {
+    const qint32 roomId = m_state.CurrentRoomID;
     m_floodLock.admit();
+    if (m_state.CurrentRoomID != roomId) {
+        return false; // the room that it was meant for is gone
+    }
     return isAnswered(Requests::message(m_state.CurrentRoomID, m_state.MyUserID, text, targetUserId));
 }
 

@@ -5,6 +5,7 @@
 
 std::span<char> MessageFramer::tail()
 {
+    Q_ASSERT(isDrained());
     if (m_start != m_end && m_end == blockSize) {
         putBlockAside();
         m_start = m_end;

@@ -19,12 +19,16 @@ public:
 
     explicit MessageFramer(qsizetype limit = defaultLimit) : m_limit(limit) {}
 
-    /// Where the next bytes go; never empty. commit() says how many were put there.
+    /// Where the next bytes go, once the framer is drained; never empty. commit() says how many were put
+    /// there.
     [[nodiscard]] std::span<char> tail();
     void commit(qsizetype count);
 
     /// The next complete message without its NUL, or none. The view holds until the framer is used again.
     [[nodiscard]] std::optional<QByteArrayView> next();
+
+    /// True when every complete message has been handed out. Nothing is to be read before that.
+    [[nodiscard]] bool isDrained() const { return m_scanned == m_end; }
 
     /// Bytes that are kept: of a message that is not complete, or not handed out yet.
     [[nodiscard]] qsizetype pendingBytes() const;

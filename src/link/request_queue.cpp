@@ -40,7 +40,6 @@ void RequestQueue::cleanUp(qint64 now)
 {
     for (qsizetype at = m_records.Count(); at >= 1; --at) {
         if (m_records.Item(at)->Terminate) {
-            m_records.Item(at)->RetXML.reset();
             m_records.Remove(at);
         }
     }
@@ -49,14 +48,12 @@ void RequestQueue::cleanUp(qint64 now)
         const qint64 seconds = (now - record->DateTime) / 1000;
         record->Terminate = record->Terminate || seconds > removeAfterSeconds;
         if (seconds > giveUpAfterSeconds && record->Terminate) {
-            record->RetXML.reset();
             m_records.Remove(at);
             continue;
         }
         if (seconds > giveUpAfterSeconds && !record->Processed) {
             record->Terminate = true;
             record->RetCode = RetCode::NoReply;
-            record->RetXML.reset();
         }
         ++at;
     }

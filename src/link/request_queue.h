@@ -3,7 +3,9 @@
 #include "link/clsCommMsg.h"
 
 /// The requests on their way and the rules of their life. It neither sends nor waits: the link asks which
-/// record is to be sent next, and tells what became of it. Times are the clock's steady milliseconds.
+/// record is to be sent next, and tells what became of it. A record that
+/// is removed stays whole for whoever shares it, its reply included. Times are the clock's steady
+/// milliseconds.
 class RequestQueue
 {
 public:

@@ -86,8 +86,8 @@ QString allowJoinChannel(qint32 roomId, QStringView userId, QStringView myId, bo
 
 QString dropUser(qint32 roomId, QStringView myId, QStringView userId, QStringView nickname)
 {
-    const QString command =
-        u"DROPUSER userid=" + userId.toString() + valueEnd + u" nick=" + nickname.toString() + valueEnd;
+    const QString command = u"DROPUSER userid=" + withoutControlCharacters(userId) + valueEnd + u" nick=" +
+                            withoutControlCharacters(nickname) + valueEnd;
     return element(u"CCMD", {{u"cid", QString::number(roomId)}, {u"id", myId.toString()}}, command);
 }
 

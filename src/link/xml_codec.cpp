@@ -185,7 +185,7 @@ private:
     [[nodiscard]] bool parseAttributes(clsXMLMessage &element);
     [[nodiscard]] bool parseChildren(clsXMLMessage &element, int depth);
     [[nodiscard]] std::optional<QStringView> parseValue(XMLArena &arena);
-    void parseContent(clsXMLMessage &element);
+    void parseContent(clsXMLMessage &element, clsXMLPart *&content);
     [[nodiscard]] bool findClosing();
     [[nodiscard]] static QStringView unescaped(QStringView raw, XMLArena &arena);
 
@@ -257,7 +257,8 @@ std::optional<QStringView> XMLParser::parseValue(XMLArena &arena)
 bool XMLParser::parseChildren(clsXMLMessage &element, int depth)
 {
     ++m_at;
-    parseContent(element);
+    clsXMLPart *content = element.XMLParts.Item(contentName);
+    parseContent(element, content);
     while (!atEnd()) {
         if (m_at + 1 != m_end && m_at[1] == u'/') {
             return findClosing();
@@ -266,13 +267,14 @@ bool XMLParser::parseChildren(clsXMLMessage &element, int depth)
             return false;
         }
         m_at += atEnd() ? 0 : 1;
-        parseContent(element);
+        parseContent(element, content);
     }
     return true;
 }
 
-/// Leaves the position on the next "<" that is not escaped, or at the end.
-void XMLParser::parseContent(clsXMLMessage &element)
+/// Leaves the position on the next "<" that is not escaped, or at the end. The content is the element's part
+/// for its text, null until there is one.
+void XMLParser::parseContent(clsXMLMessage &element, clsXMLPart *&content)
 {
     bool escapes = false;
     const char16_t *const end = findUnescaped(m_at, m_end, u'<', escapes);
@@ -282,10 +284,10 @@ void XMLParser::parseContent(clsXMLMessage &element)
     if (text.isEmpty()) {
         return;
     }
-    if (clsXMLPart *content = element.XMLParts.Item(contentName)) {
+    if (content != nullptr) {
         content->PartValue = text;
     } else {
-        element.XMLParts.append(contentName, text, contentName);
+        content = element.XMLParts.append(contentName, text, contentName);
     }
 }
 
@@ -309,7 +311,7 @@ bool ParseElement(QStringView text, clsXMLMessage &element, qsizetype &position)
 {
     XMLParser parser(text, position - 1);
     const bool parsed = parser.parseElement(element, 1);
-    position = qMin(parser.position(), text.size());
+    position = parsed ? qMin(parser.position(), text.size()) : parser.position();
     return parsed;
 }
 

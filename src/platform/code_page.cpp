@@ -30,11 +30,23 @@ bool isAscii(QStringView text)
                    0xFF80FF80FF80FF80U);
 }
 
+/// True for the code pages in which the ASCII characters are the bytes that they are in ASCII. Others would
+/// put NULs inside messages.
+bool holdsAscii(const QByteArray &name)
+{
+    QByteArray ascii;
+    for (char c = 1; c < 127; ++c) {
+        ascii += c;
+    }
+    QStringEncoder encoder(name.constData());
+    return encoder.isValid() && QByteArray(encoder.encode(QString::fromLatin1(ascii))) == ascii;
+}
+
 } // namespace
 
 CodePage::CodePage(const QString &name) : m_name(name.toLatin1())
 {
-    if (!QStringDecoder(m_name.constData()).isValid()) {
+    if (!holdsAscii(m_name)) {
         m_name = "windows-1252";
     }
 }

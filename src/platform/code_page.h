@@ -12,7 +12,8 @@ public:
     /// windows-1252
     CodePage() : CodePage(QStringLiteral("windows-1252")) {}
 
-    /// A code page by its usual name ("windows-1252", "utf-8" …); windows-1252 when the name is not known.
+    /// A code page by its usual name ("windows-1252", "utf-8" …); windows-1252 when the name is
+    /// not known or when ASCII is not part of the page.
     explicit CodePage(const QString &name);
 
     [[nodiscard]] QString decode(QByteArrayView bytes) const;

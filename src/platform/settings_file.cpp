@@ -2,6 +2,8 @@
 
 #include "platform/text_file.h"
 
+#include <QFileInfo>
+
 #define SI_NO_CONVERSION // the text is UTF-8 before it comes here
 #include <SimpleIni.h>
 #include <string>
@@ -27,11 +29,14 @@ std::string oneLine(const QString &value)
     return line.toStdString();
 }
 
-/// False only when there is text that cannot be read as settings.
+/// False when there is something under that name that cannot be read as settings.
 bool load(CSimpleIniA &ini, const QString &fileName)
 {
     const auto text = readTextFile(fileName);
-    return !text || ini.LoadData(text->toStdString()) >= 0;
+    if (!text) {
+        return !QFileInfo::exists(fileName); // one that is there and cannot be read must not be written over
+    }
+    return ini.LoadData(text->toStdString()) >= 0;
 }
 
 } // namespace

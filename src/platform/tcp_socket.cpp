@@ -79,9 +79,10 @@ void TcpSocket::connectToLocalHost(quint16 port)
         close();
         return;
     }
+    m_state = result == 0 ? State::Connected : State::Connecting;
     watch();
-    setState(result == 0 ? State::Connected : State::Connecting);
     m_writeNotifier->setEnabled(result != 0);
+    Q_EMIT stateChanged();
 }
 
 void TcpSocket::watch()

@@ -91,10 +91,11 @@ void Admission::fetchContents()
         const qsizetype known = seen.size();
         addMembers(reply, seen);
         received += contents->XMLMessage.Count();
-        if (received >= leadingInt32(textOf(*contents, u"t"))) {
+        const auto total = contents->value(u"t");
+        if (total && received >= leadingInt32(*total)) {
             return;
         }
-        if (seen.size() == known) {
+        if (!total || seen.size() == known) {
             break;
         }
     }
@@ -105,6 +106,9 @@ void Admission::addMembers(const Reply &reply, QSet<QString> &seen)
 {
     for (const clsXMLMessage &entry : reply.element()->XMLMessage) {
         const QString id = textOf(entry, u"id");
+        if (id.isEmpty()) {
+            continue;
+        }
         auto member = m_chatters.withId(id);
         if (!member) {
             member = m_chatters.addUnknown(id);
@@ -135,7 +139,8 @@ void Admission::letOthersIn()
             continue;
         }
         member->AutoAccept = false;
-        if (m_link.AllowJoinChannel(member->ID, false) && isStillIn(roomId)) {
+        const bool allowed = m_link.AllowJoinChannel(member->ID, false);
+        if (allowed && isStillIn(roomId) && m_chatters.withId(member->ID) == member) {
             member->Pending = false;
             m_view.AddMessage(u"User " + displayName(*member, m_state) + u" has just joined the room.",
                               MessageKind::Normal);

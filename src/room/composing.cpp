@@ -8,13 +8,6 @@
 #include <QFont>
 #include <QScopedValueRollback>
 
-QString withoutControlCharacters(QStringView text)
-{
-    QString clean = text.toString();
-    clean.removeIf([](QChar c) { return c < u' ' && c != u'\t'; });
-    return clean;
-}
-
 QString roomMessageItem(QStringView text, const QFont &font)
 {
     QString item = QStringLiteral("<SMSG>");
@@ -34,9 +27,12 @@ bool Composing::send(const QString &text, const QFont &font)
         return false;
     }
     const QScopedValueRollback guard(m_sending, true);
+    const qint32 roomId = m_state.CurrentRoomID;
     if (!m_link.SendMessage(roomMessageItem(text, font), {})) {
         return false;
     }
-    m_view.AddMessage(withoutControlCharacters(text), MessageKind::Own, m_state.MyNickname);
+    if (m_state.CurrentRoomID == roomId) {
+        m_view.AddMessage(withoutControlCharacters(text), MessageKind::Own, m_state.MyNickname);
+    }
     return true;
 }

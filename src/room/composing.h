@@ -11,18 +11,15 @@ struct SharedState;
 /// font has, and the text without control characters, which would forge the end of the item.
 [[nodiscard]] QString roomMessageItem(QStringView text, const QFont &font);
 
-/// The text without control characters other than tab.
-[[nodiscard]] QString withoutControlCharacters(QStringView text);
-
 /// Sends what the user has written and shows the user's own copy once the messenger has it.
 class Composing
 {
 public:
     Composing(SharedState &state, frmComms &link, RoomView &view);
 
-    /// True when the message has been acknowledged and shown, so that the box may be emptied. False, and
-    /// nothing shown, when there is nothing to send or no room to send it to, when another send is under way,
-    /// or when the messenger did not take it.
+    /// True when the message has been acknowledged, so that the box may be emptied; it has been shown then,
+    /// unless the room was left meanwhile. False, and nothing shown, when there is nothing to send or no room
+    /// to send it to, when another send is under way, or when the messenger did not take it.
     [[nodiscard]] bool send(const QString &text, const QFont &font);
 
 private:

@@ -159,6 +159,8 @@ void frmMain::showMenu()
     leave->setEnabled(m_state.InRoom && !m_state.IsRoomOwner);
     QAction *closeRoom = menu.addAction(tr("Close Room"), this, [this] { m_lifecycle.CloseRoom(true); });
     closeRoom->setEnabled(m_state.InRoom && m_state.IsRoomOwner);
+    menu.addSeparator();
+    menu.addAction(tr("Help"), this, [this] { Q_EMIT helpRequested(QStringLiteral("using_chat")); });
     menu.exec(smdMenu->mapToGlobal(QPoint(0, -menu.sizeHint().height())));
 }
 

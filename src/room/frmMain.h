@@ -38,6 +38,8 @@ public:
     void ReceivePrivateMessage(const QString &id, const QString &name, const QString &body) override;
 
 Q_SIGNALS:
+    /// The user wants to read how it is used.
+    void helpRequested(const QString &anchor);
     /// The window has said goodbye to the room and the messenger; the program may end.
     void exited();
 
@@ -46,7 +48,6 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void load();
     void arrange();
     void activateFirst();
     void send();

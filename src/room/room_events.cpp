@@ -11,6 +11,8 @@
 #include "room/room_lifecycle.h"
 #include "room/room_view.h"
 
+#include <QScopedValueRollback>
+
 RoomEvents::RoomEvents(SharedState &state, const Options &options, colChatters &chatters, frmComms &link,
                        RoomLifecycle &lifecycle, RoomView &view)
     : m_state(state),
@@ -23,7 +25,7 @@ RoomEvents::RoomEvents(SharedState &state, const Options &options, colChatters &
 
 bool RoomEvents::isForThisRoom(const clsXMLMessage &message) const
 {
-    return message.value(u"cid") == QString::number(m_state.CurrentRoomID);
+    return m_state.CurrentRoomID != 0 && message.value(u"cid") == QString::number(m_state.CurrentRoomID);
 }
 
 void RoomEvents::AllowToJoinChat(const clsXMLMessage &message)
@@ -45,7 +47,8 @@ void RoomEvents::ChannelClosed(const clsXMLMessage &message)
 void RoomEvents::UpdateChannelContents(const clsXMLMessage &message)
 {
     const auto code = message.value(u"r");
-    if (!isForThisRoom(message) || !code) {
+    const bool shown = m_lifecycle.ShownRoomID() == m_state.CurrentRoomID;
+    if (!isForThisRoom(message) || !shown || !code) {
         return;
     }
     if (leadingInt32(*code) != 0) {
@@ -73,7 +76,11 @@ void RoomEvents::updateMember(const clsXMLMessage &entry)
                               MessageKind::Warning);
         }
     }
-    if (entry.value(u"p") == u"1") {
+    const auto present = entry.value(u"p");
+    if (!present) {
+        return;
+    }
+    if (*present == u"1") {
         const qint32 status = leadingInt32(entry.value(u"s").value_or(QStringView()));
         const qint32 mood = leadingInt32(entry.value(u"m").value_or(QStringView()));
         member->Status = status > 0 ? status : member->Status;
@@ -233,6 +240,10 @@ void RoomEvents::PyloxOffline()
 void RoomEvents::PyloxOnline()
 {
     m_view.AddMessage(QStringLiteral("Pylox is now online!"), MessageKind::MessengerOnline);
+    if (m_askingContacts) {
+        return; // each question waits inside the one before: one is enough
+    }
+    const QScopedValueRollback guard(m_askingContacts, true);
     m_link.GetPyloxUsers();
     m_view.DrawUserList();
 }

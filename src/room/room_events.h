@@ -43,4 +43,5 @@ private:
     frmComms &m_link;
     RoomLifecycle &m_lifecycle;
     RoomView &m_view;
+    bool m_askingContacts = false;
 };

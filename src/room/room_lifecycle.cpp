@@ -7,6 +7,8 @@
 #include "room/colChatters.h"
 #include "room/room_view.h"
 
+#include <QScopedValueRollback>
+
 #include <utility>
 
 RoomLifecycle::RoomLifecycle(SharedState &state, colChatters &chatters, frmComms &link, RoomView &view,
@@ -20,6 +22,7 @@ void RoomLifecycle::joinFrom(const CommandLine &commandLine)
     if (!roomId) {
         return;
     }
+    m_earlyAnswer = {};
     m_state.CurrentRoomID = *roomId;
     m_state.IsRoomOwner = false;
     m_state.RoomCategory = QStringLiteral("Invited to join");
@@ -47,9 +50,9 @@ void RoomLifecycle::EnterRoom()
     }
     if (m_shownRoomId != 0) {
         m_view.clearBoard();
-        m_chatters.RemoveAll();
         m_shownRoomId = 0;
     }
+    m_chatters.RemoveAll();
     if (roomId != 0) {
         const QString title = m_state.RoomCategory + u" - " + m_state.RoomName;
         const bool owner = m_state.IsRoomOwner;
@@ -72,14 +75,15 @@ void RoomLifecycle::EnterRoom()
 
 void RoomLifecycle::joinAnswered(const QString &code, const QString &toUserId)
 {
-    const auto me = m_chatters.withId(m_state.MyUserID);
-    if (m_shownRoomId != m_state.CurrentRoomID || !me) {
+    if (m_shownRoomId != m_state.CurrentRoomID) {
         m_earlyAnswer = {m_state.CurrentRoomID, code, toUserId};
         return;
     }
     if (code == u"0") {
-        me->Pending = false;
-        me->ToUserID = toUserId;
+        if (const auto me = m_chatters.withId(m_state.MyUserID)) {
+            me->Pending = false;
+            me->ToUserID = toUserId;
+        }
         return;
     }
     ResetRoom();
@@ -108,9 +112,10 @@ void RoomLifecycle::CloseRoom(bool confirm)
 void RoomLifecycle::depart(const Departure &departure, bool confirm)
 {
     const qint32 roomId = m_shownRoomId;
-    if (roomId == 0) {
+    if (roomId == 0 || m_departing) {
         return;
     }
+    const QScopedValueRollback guard(m_departing, true);
     if (confirm && m_prompts.ask(departure.question, departure.caption, PromptIcon::Question,
                                  PromptButtons::YesNo) != PromptAnswer::Yes) {
         return;
@@ -130,6 +135,7 @@ void RoomLifecycle::depart(const Departure &departure, bool confirm)
 void RoomLifecycle::ResetRoom()
 {
     m_shownRoomId = 0;
+    m_earlyAnswer = {};
     m_state.InRoom = false;
     m_state.CurrentRoomID = 0;
     m_chatters.RemoveAll();

@@ -63,4 +63,5 @@ private:
     Prompts &m_prompts;
     qint32 m_shownRoomId = 0;
     JoinAnswer m_earlyAnswer;
+    bool m_departing = false;
 };

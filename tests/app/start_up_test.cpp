@@ -1,5 +1,6 @@
 #include "app/program.h"
 #include "room/frmMain.h"
+#include "support/fake_addresses.h"
 #include "support/fake_clock.h"
 #include "support/fake_prompts.h"
 #include "support/scripted_messenger.h"
@@ -15,7 +16,7 @@ struct StartUp : testing::Test
 {
     [[nodiscard]] std::unique_ptr<Program> program(const QStringList &arguments)
     {
-        return std::make_unique<Program>(folder.path(), CommandLine(arguments), prompts, clock);
+        return std::make_unique<Program>(folder.path(), CommandLine(arguments), prompts, clock, addresses);
     }
 
     [[nodiscard]] QStringList portOfMessenger() const
@@ -37,6 +38,7 @@ struct StartUp : testing::Test
     QTemporaryDir folder;
     FakePrompts prompts;
     FakeClock clock;
+    FakeAddresses addresses;
     ScriptedMessenger messenger;
 };
 
@@ -54,6 +56,8 @@ TEST_F(StartUp, AsksForSkinAndDetailsAndShowsTheWindow)
     EXPECT_EQ(chat->state().MyStatus, 11);
     EXPECT_EQ(chat->state().MyMood, 7);
     EXPECT_TRUE(prompts.boxes.isEmpty());
+    Q_EMIT chat->window()->helpRequested(u"using_chat"_s);
+    EXPECT_EQ(addresses.last.fragment(), u"using_chat"_s);
 }
 
 TEST_F(StartUp, EachFailureShowsItsBoxAndNothingElse)

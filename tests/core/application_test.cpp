@@ -37,6 +37,7 @@ TEST(MyApp, OnlyAReadableFileIsAFile)
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     EXPECT_TRUE(clsMyApp::IsFile(path));
+    EXPECT_TRUE(clsMyApp::IsFile(QString(path).replace(u'/', u'\\')));
 }
 
 TEST(MyApp, SkinNameIsTheBaseNameOfTheSkinFile)

@@ -106,8 +106,9 @@ TEST(Numbers, TheLeadingNumberOfAText)
                  {u"x1"_s, 0},
                  {u"- 1"_s, 0},
                  {u"2147483647"_s, 2147483647},
-                 {u"2147483648"_s, 0},
-                 {u"99999999999999999999999"_s, 0}};
+                 {u"2147483648"_s, 2147483647},
+                 {u"-2147483648"_s, -2147483647 - 1},
+                 {u"-99999999999999999999999"_s, -2147483647 - 1}};
     for (const auto &c : cases) {
         EXPECT_EQ(leadingInt32(c.text), c.number) << c.text.toStdString();
     }

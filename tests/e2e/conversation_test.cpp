@@ -2,6 +2,7 @@
 #include "messenger/messenger.h"
 #include "room/frmMain.h"
 #include "support/eventually.h"
+#include "support/fake_addresses.h"
 #include "support/fake_prompts.h"
 #include "support/text.h"
 
@@ -19,7 +20,7 @@ namespace {
 struct Person
 {
     Person(const QString &home, const QStringList &arguments)
-        : program(home, CommandLine(arguments), prompts, clock)
+        : program(home, CommandLine(arguments), prompts, clock, addresses)
     {
         isUp = program.Main();
     }
@@ -48,6 +49,7 @@ struct Person
 
     FakePrompts prompts;
     SystemClock clock;
+    FakeAddresses addresses;
     Program program;
     bool isUp = false;
 };

@@ -5,6 +5,7 @@
 
 #include "app/program.h"
 #include "core/application_folder.h"
+#include "platform/addresses.h"
 #include "platform/prompts.h"
 #include "room/frmMain.h"
 
@@ -154,7 +155,8 @@ int main(int argc, char *argv[])
     }
     PrintingPrompts prompts;
     SystemClock clock;
+    DesktopAddresses addresses(pagesFolder(QApplication::applicationDirPath()));
     Program program(applicationFolder(QApplication::applicationDirPath()), CommandLine(arguments.sliced(2)),
-                    prompts, clock);
+                    prompts, clock, addresses);
     return program.Main() && ScriptedUser(program, QDir(arguments[1])).play() ? 0 : 1;
 }

@@ -100,7 +100,7 @@ TEST_F(Link, ContactsAreRebuiltFromTheFirstPlaceOn)
 TEST_F(Link, AnEventsHandlerMayWaitForARequestOfItsOwn)
 {
     QStringList order;
-    messenger.answerBy([this](const QString &request) {
+    messenger.answerBy([](const QString &request) {
         if (request.startsWith(u"<LEAVECHANNEL"_s)) { // an event comes before the answer
             return QStringList{u"<MSG><V mk=\"MSG\"/><ONLINE/></MSG>"_s, reply(u"<KLC r=\"0\"/>"_s)};
         }
@@ -117,12 +117,50 @@ TEST_F(Link, AnEventsHandlerMayWaitForARequestOfItsOwn)
     EXPECT_EQ(order, (QStringList{u"contacts"_s, u"left"_s}));
 }
 
-TEST_F(Link, ARequestWithoutReplyIsGivenUpAndItsLateReplyIgnored)
+TEST_F(Link, ALongTrainOfMessagesBehindTheOneWhoseHandlerWaits)
+{
+    messenger.answerBy([](const QString &request) {
+        if (!request.startsWith(u"<LEAVECHANNEL"_s)) {
+            return QStringList{reply(u"<PYLOXUSERS/>"_s)};
+        }
+        QStringList train{u"<MSG><V mk=\"MSG\"/><ONLINE/></MSG>"_s};
+        for (int at = 0; at < 3000; ++at) { // more than one block of the buffer
+            train += u"<MSG><V mk=\"MSG\"/><RCMSG cid=\"12\" id=\"u2\">some text</RCMSG></MSG>"_s;
+        }
+        return train += reply(u"<KLC r=\"0\"/>"_s);
+    });
+    room.onEvent = [&](QStringView name) {
+        if (name == u"ONLINE") {
+            link.GetPyloxUsers();
+        }
+    };
+    EXPECT_TRUE(link.LeaveChannel());
+    EXPECT_EQ(room.events.count(u"RCMSG"_s), 3000);
+}
+
+TEST_F(Link, AReplyThatCameBeforeTheEndOfTheConnectionCounts)
+{
+    messenger.answerBy([this](const QString &request) {
+        if (request.startsWith(u"<LEAVECHANNEL"_s)) {
+            QTimer::singleShot(0, &messenger, [this] { messenger.closeClient(); });
+            return QStringList{u"<MSG><V mk=\"MSG\"/><ONLINE/></MSG>"_s, reply(u"<KLC r=\"0\"/>"_s)};
+        }
+        return QStringList();
+    });
+    room.onEvent = [&](QStringView name) {
+        if (name == u"ONLINE") {
+            link.GetPyloxUsers();
+        }
+    };
+    EXPECT_TRUE(link.LeaveChannel());
+    EXPECT_EQ(room.events, (QStringList{u"ONLINE"_s, u"shut-down"_s}));
+}
+
+TEST_F(Link, ARequestWithoutReplyIsGivenUp)
 {
     answerWith({});
     QTimer::singleShot(150, [this] { clock.advance(31'000); });
     EXPECT_FALSE(link.LeaveChannel());
-    messenger.send(u"<KLC r=\"0\"/>"_s, u"C1"_s);
     answerWith({reply(u"<KLC r=\"0\"/>"_s)});
     EXPECT_TRUE(link.LeaveChannel()) << "the next request goes through";
 }
@@ -150,12 +188,17 @@ TEST_F(Link, AResetIsTheLastRecordsOwnFailure)
 TEST_F(Link, ShutDownReleasesWaitsAndStopsWrites)
 {
     answerWith({});
-    QTimer::singleShot(150, [this] { link.setShutDown(); });
+    bool second = true;
+    QTimer::singleShot(120, [&] { second = link.DestroyChannel(); }); // waits behind the first
+    QTimer::singleShot(150, [&] {
+        link.setShutDown();
+        messenger.send(u"<KLC r=\"0\"/>"_s, u"C1"_s); // so that the second would be next
+        link.sendNext();
+    });
     EXPECT_FALSE(link.LeaveChannel());
-    const qsizetype sent = messenger.requests.size();
-    EXPECT_FALSE(link.LeaveChannel());
+    EXPECT_FALSE(second);
     link.sendNext();
-    EXPECT_FALSE(eventually([&] { return messenger.requests.size() > sent; }, 100));
+    EXPECT_FALSE(eventually([this] { return messenger.requests.size() > 1; }, 200));
 }
 
 TEST_F(Link, MessagesCutAndJoinedAnyhowAndGarbageBetween)

@@ -26,7 +26,7 @@ TEST(Requests, TheirTexts)
          u"<ALLOWJOINCHANNEL cid=\"12\" id=\"u2\" tid=\"u1\" r=\"0\"/>"_s},
         {Requests::allowJoinChannel(12, u"u2", u"u1", true),
          u"<ALLOWJOINCHANNEL cid=\"12\" id=\"u2\" tid=\"u1\" r=\"200\"/>"_s},
-        {Requests::dropUser(12, u"u1", u"u2", u"Bob"),
+        {Requests::dropUser(12, u"u1", u"u2", u"B\u0003o\nb"),
          u"<CCMD cid=\"12\" id=\"u1\">DROPUSER userid\\=u2\u0003 nick\\=Bob\u0003</CCMD>"_s},
         {Requests::leaveChannel(-3), u"<LEAVECHANNEL cid=\"-3\"/>"_s},
         {Requests::destroyChannel(12), u"<DESTROYCHANNEL cid=\"12\"/>"_s},

@@ -139,7 +139,7 @@ TEST_F(RequestsTest, RefusesWhatOneHasNoRightTo)
         {sasha, u"<DESTROYCHANNEL/>"_s, u"<KLC r=\"1\"/>"_s},
         {noor, u"<GETCHANNELCONTENTS cid=\"6\" st=\"1\"/>"_s, u"<KCC cid=\"6\" r=\"2\"/>"_s},
         {noor, u"<REQUESTJOINCHANNEL cid=\"4\"/>"_s, u"<AJC cid=\"4\" r=\"109\"/>"_s},
-        {noor, u"<REQUESTJOINCHANNEL cid=\"99999999999\"/>"_s, u"<AJC cid=\"0\" r=\"1\"/>"_s},
+        {noor, u"<REQUESTJOINCHANNEL cid=\"99999999999\"/>"_s, u"<AJC cid=\"2147483647\" r=\"1\"/>"_s},
         {noor, u"<CREATECHANNEL g=\"7\" nm=\"x\" ty=\"1\"/>"_s, u"<ACC r=\"1\"/>"_s},
         {noor, u"<CREATECHANNEL g=\"1\" nm=\" \" ty=\"1\"/>"_s, u"<ACC r=\"4\"/>"_s},
         {noor, u"<CREATECHANNEL g=\"1\" nm=\"a\nb\" ty=\"1\"/>"_s, u"<ACC r=\"4\"/>"_s},

@@ -35,6 +35,8 @@ TEST(CodePage, EveryCharacterArrivesOrIsReplaced)
     EXPECT_EQ(utf8.decode("a\xFFz"), u"a\uFFFDz"_s);
     EXPECT_TRUE(utf8.decode("cut \xE4\xBD").startsWith(u"cut \uFFFD"_s))
         << "a cut character is not lost silently";
+    EXPECT_EQ(CodePage(u"utf-16"_s).encode(u"\u00E9"), QByteArray("\xE9"))
+        << "no page for messages that end in NUL";
     EXPECT_EQ(CodePage(u"no such page"_s).encode(u"\u00E9"), QByteArray("\xE9"));
 }
 

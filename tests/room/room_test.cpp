@@ -145,6 +145,32 @@ TEST_F(Room, AnAnswerThatComesBeforeTheWindowIsReadyIsKept)
     EXPECT_EQ(member(u"u1"_s)->ToUserID, u"u9"_s);
 }
 
+TEST_F(Room, NobodyIsLetInByAListOfMembers)
+{
+    receive(u"<KCC cid=\"0\" r=\"0\"><E id=\"u1\" nm=\"Ann\" p=\"1\"/></KCC><CLD cid=\"0\"/>"_s);
+    EXPECT_EQ(chatters.Count(), 0) << "there is no room";
+    EXPECT_TRUE(board.lines.isEmpty());
+
+    messenger.answerBy([](const QString &) {
+        return QStringList{
+            u"<MSG><V mk=\"MSG\"/><KCC cid=\"12\" r=\"0\"><E id=\"u1\" nm=\"Ann\" p=\"1\"/><E id=\"u5\" "
+            "nm=\"Eve\" p=\"1\"/></KCC></MSG>"_s,
+            reply(u"<AJC r=\"0\"/>"_s)};
+    });
+    askToJoin();
+    EXPECT_EQ(chatters.Count(), 1);
+    EXPECT_TRUE(member(u"u1"_s)->Pending);
+}
+
+TEST_F(Room, AThousandReturnsOfTheServerAtOnce)
+{
+    const QByteArray online = QByteArray("<MSG><V mk=\"MSG\"/><ONLINE/></MSG>") + '\0';
+    messenger.sendRaw(online.repeated(5000));
+    EXPECT_TRUE(eventually([this] { return board.lines.size() == 5000 && !messenger.requests.isEmpty(); }));
+    receive({});
+    EXPECT_LE(messenger.requests.size(), 3) << "the contacts are asked for once, not once a message";
+}
+
 TEST_F(Room, RefusalsAndFailuresToJoin)
 {
     askToJoin();
@@ -179,6 +205,9 @@ TEST_F(Room, ContentsThatNeverBecomeComplete)
         {u"<KCC r=\"7\"/>"_s, u"5 Error in getting channel contents: 7"_s, 1},
         {u"<KCC r=\"0\" t=\"5\"><E id=\"u2\" nm=\"Bob\"/></KCC>"_s,
          u"5 Error in getting channel contents: incomplete"_s, 2},
+        {u"<KCC r=\"0\" t=\"5\"><E nm=\"nobody\"/></KCC>"_s,
+         u"5 Error in getting channel contents: incomplete"_s, 1},
+        {u"<KCC r=\"0\"><E id=\"u2\"/></KCC>"_s, u"5 Error in getting channel contents: incomplete"_s, 2},
         {u"<KCC r=\"0\" t=\"5\"/>"_s, u"5 Error in getting channel contents: incomplete"_s, 1},
         {u"<ACKSM/>"_s, u"5 Error in getting channel contents: no reply"_s, 1},
         {u""_s, u"5 Error in getting channel contents: no reply"_s, 1},
@@ -219,10 +248,11 @@ TEST_F(Room, MembersComeGoAndChange)
             "nm=\"Cid\" "
             "p=\"1\"/></KCC>"
             "<KCC cid=\"12\" r=\"0\"><E id=\"u2\" p=\"1\" s=\"0\" m=\"0\"/><E id=\"u3\" p=\"0\"/></KCC>"
-            "<KCC cid=\"12\" r=\"4\"/>"_s);
+            "<KCC cid=\"12\" r=\"4294967296\"/>"_s);
     EXPECT_EQ(board.lines,
               (QStringList{u"4 User Bob has entered the room."_s, u"4 User Cid has entered the room."_s,
-                           u"4 User Cid has left the room."_s, u"5 Error in getting channel contents: 4"_s}));
+                           u"4 User Cid has left the room."_s,
+                           u"5 Error in getting channel contents: 4294967296"_s}));
     ASSERT_NE(member(u"u2"_s), nullptr);
     EXPECT_EQ(member(u"u2"_s)->Status, 12) << "zero leaves the status alone here";
     EXPECT_EQ(member(u"u3"_s), nullptr);
@@ -351,7 +381,17 @@ TEST_F(Room, TheOwnerLetsInWhoIsMarked)
     EXPECT_FALSE(member(u"u2"_s)->Pending);
     EXPECT_TRUE(member(u"u3"_s)->Pending);
 
+    messenger.answerBy([](const QString &) { // gone before the answer
+        return QStringList{
+            u"<MSG><V mk=\"MSG\"/><KCC cid=\"12\" r=\"0\"><E id=\"u3\" p=\"0\"/></KCC></MSG>"_s,
+            reply(u"<ADC r=\"0\"/>"_s)};
+    });
     member(u"u3"_s)->AutoAccept = true;
+    board.lines.clear();
+    admission.check();
+    EXPECT_EQ(board.lines, QStringList{u"4 User Cid has left the room."_s});
+
+    receive(u"<QJC id=\"u3\" nm=\"Cid\"/>"_s);
     answerBy({{u"ALLOWJOINCHANNEL"_s, u"<ADC r=\"3\"/>"_s}});
     admission.check();
     EXPECT_TRUE(member(u"u3"_s)->Pending && !member(u"u3"_s)->AutoAccept);
@@ -437,6 +477,12 @@ TEST_F(Room, SendingShowsTheOwnCopyOnlyWhenTaken)
     EXPECT_FALSE(composing.send(u"lost"_s, QFont()));
     EXPECT_FALSE(second);
     EXPECT_EQ(board.lines.size(), 1);
+
+    messenger.answerBy([](const QString &) {
+        return QStringList{u"<MSG><V mk=\"MSG\"/><CLD cid=\"12\"/></MSG>"_s, reply(u"<ACKSM/>"_s)};
+    });
+    EXPECT_TRUE(composing.send(u"taken, and the room closed"_s, QFont()));
+    EXPECT_EQ(board.lines.last(), u"4 The room you are in has been closed!"_s);
 }
 
 TEST_F(Room, TheWayOutLeavesTheRoomAndEndsEvenWithoutAnAnswer)

@@ -1,0 +1,68 @@
+#include "platform/addresses.h"
+#include "platform/settings_file.h"
+#include "support/fake_addresses.h"
+#include "support/text.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+void touch(const QString &path)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+}
+
+TEST(Addresses, OnlyHarmlessOnesAreOpened)
+{
+    const QTemporaryDir folder;
+    const QTemporaryDir elsewhere;
+    touch(folder.filePath(u"help.html"_s));
+    touch(elsewhere.filePath(u"run.sh"_s));
+    ASSERT_TRUE(QFile::link(elsewhere.filePath(u"run.sh"_s), folder.filePath(u"link.html"_s)));
+    const DesktopAddresses addresses(folder.path());
+    const std::pair<QString, bool> cases[] = {
+        {u"https://example.org/a?b#c"_s, true},
+        {u"HTTP://example.org"_s, true},
+        {u"mailto:ann@example.org"_s, true},
+        {u"ftp://example.org"_s, true},
+        {u"javascript:alert(1)"_s, false},
+        {u"smb://example.org/share"_s, false},
+        {u"help.html"_s, false},
+        {u""_s, false},
+        {u"file://"_s + folder.filePath(u"help.html"_s) + u"#using_chat"_s, true},
+        {u"file://"_s + folder.filePath(u"none.html"_s), false},
+        {u"file://"_s + folder.filePath(u"link.html"_s), false},
+        {u"file://"_s + folder.path() + u"/../x"_s, false},
+        {u"file://"_s + elsewhere.filePath(u"run.sh"_s), false},
+    };
+    for (const auto &[address, allowed] : cases) {
+        EXPECT_EQ(addresses.isAllowed(QUrl(address)), allowed) << address.toStdString();
+    }
+}
+
+TEST(Addresses, HelpOpensAtItsAnchor)
+{
+    FakeAddresses opened;
+    const QTemporaryDir folder;
+    SettingsFile settings;
+    settings.FileName = folder.filePath(u"Pylox.ini"_s);
+    ShowHelp(u"using_chat"_s, settings, u"/share"_s, opened);
+    EXPECT_EQ(opened.last.toString(), u"file:///share/help.html#using_chat"_s);
+    settings.WriteValue(u"HelpPage"_s, u"https://example.org/help"_s, u"Chat"_s);
+    ShowHelp(u"options"_s, settings, u"/share"_s, opened);
+    EXPECT_EQ(opened.last.toString(), u"https://example.org/help#options"_s);
+
+    QFile page(QStringLiteral(PYLOX_SOURCE_DIR "/share/help.html"));
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+    const QByteArray text = page.readAll();
+    for (const char *anchor :
+         {"chat_categories", "chat_new", "using_chat", "options", "chat_lists", "chat_privmsg"}) {
+        EXPECT_TRUE(text.contains(QByteArray("id=\"" + QByteArray(anchor) + '"'))) << anchor;
+    }
+}
+
+} // namespace
