@@ -29,7 +29,7 @@ RequestQueue::Record RequestQueue::nextToSend() const
         if (record->Sent && !record->Processed && !record->Terminate) {
             return nullptr;
         }
-        if (!record->Sent && !record->Terminate) {
+        if (!record->Sent && !record->Processed && !record->Terminate) {
             return record;
         }
     }

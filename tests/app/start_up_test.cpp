@@ -8,8 +8,6 @@
 
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 struct StartUp : testing::Test
@@ -19,10 +17,7 @@ struct StartUp : testing::Test
         return std::make_unique<Program>(folder.path(), CommandLine(arguments), prompts, clock, addresses);
     }
 
-    [[nodiscard]] QStringList portOfMessenger() const
-    {
-        return {QString(u"-port" + QString::number(messenger.port()) + u'~')};
-    }
+    [[nodiscard]] QString portOfMessenger() const { return u"-port%1~"_s.arg(messenger.port()); }
 
     /// Answers the two requests of start-up with these payloads; an empty one gives no answer at all.
     void answer(const QString &skin, const QString &details)
@@ -51,10 +46,9 @@ TEST_F(StartUp, AsksForSkinAndDetailsAndShowsTheWindow)
     ASSERT_TRUE(chat->Main());
     EXPECT_EQ(messenger.requests.first(2), (QStringList{u"<GETSKIN/>"_s, u"<GETMYDETAILS/>"_s}));
     EXPECT_TRUE(chat->window()->isVisible());
-    EXPECT_EQ(chat->state().MyUserID, u"u1"_s);
-    EXPECT_EQ(chat->state().MyNickname, u"Ann"_s);
-    EXPECT_EQ(chat->state().MyStatus, 11);
-    EXPECT_EQ(chat->state().MyMood, 7);
+    const SharedState &state = chat->state();
+    EXPECT_EQ(std::tie(state.MyUserID, state.MyNickname), std::tuple(u"u1"_s, u"Ann"_s));
+    EXPECT_TRUE(state.MyStatus == 11 && state.MyMood == 7);
     EXPECT_TRUE(prompts.boxes.isEmpty());
     Q_EMIT chat->window()->helpRequested(u"using_chat"_s);
     EXPECT_EQ(addresses.last.fragment(), u"using_chat"_s);
@@ -62,34 +56,29 @@ TEST_F(StartUp, AsksForSkinAndDetailsAndShowsTheWindow)
 
 TEST_F(StartUp, EachFailureShowsItsBoxAndNothingElse)
 {
-    const FakePrompts::Box noMessenger{u"Messenger not found"_s, u"Could not connect to Pylox Messenger."_s,
-                                       PromptIcon::Stop};
-    const FakePrompts::Box noSkin{u"No skin found"_s, u"Error loading skin for Pylox Chat Client."_s,
-                                  PromptIcon::Stop};
-    const FakePrompts::Box noDetails{
-        u"No Details"_s, u"Error retrieving your details from Pylox Messenger."_s, PromptIcon::Stop};
+    const QString noMessenger = u"Stop: Messenger not found: Could not connect to Pylox Messenger."_s;
+    const QString noSkin = u"Stop: No skin found: Error loading skin for Pylox Chat Client."_s;
+    const QString noDetails = u"Stop: No Details: Error retrieving your details from Pylox Messenger."_s;
     const QString skin = u"<SKIN value=\"Blue.skn\"/>"_s;
-    const struct
-    {
-        QStringList arguments;
-        QString skin;
-        QString details;
-        FakePrompts::Box box;
-    } cases[] = {
-        {{}, skin, {}, noMessenger},
-        {{u"-port1~"_s}, skin, {}, noMessenger},
-        {{u"-portnone~"_s}, skin, {}, noMessenger},
-        {portOfMessenger(), u"<SKIN value=\"\"/>"_s, {}, noSkin},
-        {portOfMessenger(), u"<SKIN/>"_s, {}, noSkin},
-        {portOfMessenger(), u"<ACKSM/>"_s, {}, noDetails}, // the request's own text stands for the skin
-        {portOfMessenger(), skin, u"<ACKSM/>"_s, noDetails},
+    const QString other = u"<ACKSM/>"_s; // the request's own text stands for the skin
+    const std::tuple<QString, QString, QString> cases[] = {
+        {u"-none"_s, skin, noMessenger},
+        {u"-port1~"_s, skin, noMessenger},
+        {u"-portnone~"_s, skin, noMessenger},
+        {u"-port0~"_s, skin, noMessenger},
+        {u"-port-5~"_s, skin, noMessenger},
+        {u"-port70000~"_s, skin, noMessenger},
+        {portOfMessenger(), u"<SKIN value=\"\"/>"_s, noSkin},
+        {portOfMessenger(), u"<SKIN/>"_s, noSkin},
+        {portOfMessenger(), other, noDetails},
+        {portOfMessenger(), skin, noDetails},
     };
-    for (const auto &c : cases) {
+    for (const auto &[argument, skinReply, box] : cases) {
         prompts.boxes.clear();
-        answer(c.skin, c.details.isEmpty() ? u"<ACKSC/>"_s : c.details);
-        const auto chat = program(c.arguments);
+        answer(skinReply, other);
+        const auto chat = program({argument});
         EXPECT_FALSE(chat->Main());
-        EXPECT_EQ(prompts.boxes, QList<FakePrompts::Box>{c.box}) << c.skin.toStdString();
+        EXPECT_EQ(prompts.boxes, QStringList{box}) << argument.toStdString();
         EXPECT_EQ(chat->window(), nullptr);
     }
 }
@@ -98,18 +87,18 @@ TEST_F(StartUp, AMessengerThatLeavesOrKeepsSilentInTheMiddle)
 {
     answer({}, {});
     QTimer::singleShot(150, [this] { messenger.closeClient(); });
-    EXPECT_FALSE(program(portOfMessenger())->Main());
+    EXPECT_FALSE(program({portOfMessenger()})->Main());
     QTimer::singleShot(150, [this] { clock.advance(31'000); });
-    EXPECT_FALSE(program(portOfMessenger())->Main());
+    EXPECT_FALSE(program({portOfMessenger()})->Main());
     ASSERT_EQ(prompts.boxes.size(), 2);
-    EXPECT_EQ(prompts.boxes[0].caption, u"No skin found"_s);
-    EXPECT_EQ(prompts.boxes[1].caption, u"No skin found"_s);
+    EXPECT_TRUE(prompts.boxes.join(u'|').startsWith(u"Stop: No skin found"_s));
+    EXPECT_EQ(prompts.boxes[0], prompts.boxes[1]);
 }
 
 TEST_F(StartUp, DetailsOfAnotherNameLeaveTheUserUnknown)
 {
     answer(u"<SKIN value=\"Blue.skn\"/>"_s, u"<CTL id=\"u1\" nick=\"Ann\"/>"_s);
-    const auto chat = program(portOfMessenger());
+    const auto chat = program({portOfMessenger()});
     ASSERT_TRUE(chat->Main());
     EXPECT_TRUE(chat->state().MyUserID.isEmpty());
     EXPECT_EQ(chat->state().MyStatus, 0);

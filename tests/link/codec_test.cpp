@@ -1,7 +1,6 @@
 #include "link/xml_codec.h"
 #include "support/text.h"
 
-#include <gtest/gtest.h>
 #include <random>
 
 namespace {
@@ -18,13 +17,8 @@ struct Parsed
 
 TEST(Codec, WhatParsesAndWhereItEnds)
 {
-    const struct
-    {
-        QString text;
-        bool ok;
-        std::optional<qsizetype> position; ///< none: of no use to anybody
-        QString rebuilt;
-    } cases[] = {
+    constexpr qsizetype anywhere = -1; // of no use to anybody
+    const std::tuple<QString, bool, qsizetype, QString> cases[] = {
         {u"<GETSKIN/>"_s, true, 10, u"<GETSKIN/>"_s},
         {u"<A></B>rest"_s, true, 7, u"<A/>"_s},
         {u"<A/ anything>rest"_s, true, 13, u"<A/>"_s},
@@ -39,28 +33,24 @@ TEST(Codec, WhatParsesAndWhereItEnds)
         {u"<A>\\<B/\\></A>"_s, true, 13, u"<A>\\<B\\/\\></A>"_s},
         {u"<A>x\\"_s, true, 5, u"<A>x</A>"_s},
         {u"A"_s, false, 2, {}},
-        {u""_s, false, std::nullopt, {}},
-        {u"<>"_s, false, std::nullopt, {}},
-        {u"<A"_s, false, std::nullopt, {}},
+        {u""_s, false, anywhere, {}},
+        {u"<>"_s, false, anywhere, {}},
+        {u"<A"_s, false, anywhere, {}},
         {u"<A/"_s, false, 0, {}},
         {u"<A></A"_s, false, 0, {}},
-        {u"<A x=1/>"_s, false, std::nullopt, {}},
-        {u"<A x=\"1/>"_s, false, std::nullopt, {}},
-        {u"<A x=\"1\""_s, false, std::nullopt, {}},
-        {u"<A x=\"1\"y=\"2\"/>"_s, false, std::nullopt, {}},
-        {u"<A x=\"1\" x=\"2\"/>"_s, false, std::nullopt, {}},
-        {u"<A><"_s, false, std::nullopt, {}},
-        {u"<A><B x></A>"_s, false, std::nullopt, {}},
+        {u"<A x=1/>"_s, false, anywhere, {}},
+        {u"<A x=\"1/>"_s, false, anywhere, {}},
+        {u"<A x=\"1\""_s, false, anywhere, {}},
+        {u"<A x=\"1\"y=\"2\"/>"_s, false, anywhere, {}},
+        {u"<A x=\"1\" x=\"2\"/>"_s, false, anywhere, {}},
+        {u"<A><"_s, false, anywhere, {}},
+        {u"<A><B x></A>"_s, false, anywhere, {}},
     };
-    for (const auto &c : cases) {
-        const Parsed parsed(c.text);
-        EXPECT_EQ(parsed.ok, c.ok) << c.text.toStdString();
-        if (c.position) {
-            EXPECT_EQ(parsed.position, *c.position) << c.text.toStdString();
-        }
-        if (c.ok) {
-            EXPECT_EQ(BuildXML(parsed.tree.root), c.rebuilt);
-        }
+    for (const auto &[text, ok, position, rebuilt] : cases) {
+        const Parsed parsed(text);
+        EXPECT_EQ(parsed.ok, ok) << text.toStdString();
+        EXPECT_TRUE(position == anywhere || parsed.position == position) << text.toStdString();
+        EXPECT_TRUE(!ok || BuildXML(parsed.tree.root) == rebuilt) << text.toStdString();
     }
 }
 
@@ -76,20 +66,6 @@ TEST(Codec, ParsingStartsAndEndsWithinALongerText)
     EXPECT_EQ(b.root.MsgName, u"B");
 }
 
-TEST(Codec, AttributesAreReadByName)
-{
-    const Parsed parsed(u"<MSG><V mk=\"C7\"/><SKIN value=\"C:\\\\skins\\\\Blue.skn\" b=\"\"/></MSG>"_s);
-    ASSERT_TRUE(parsed.ok);
-    const clsXMLMessage *skin = parsed.tree.root.XMLMessage.Item(2);
-    ASSERT_NE(skin, nullptr);
-    EXPECT_EQ(skin->value(u"value"), u"C:\\skins\\Blue.skn");
-    EXPECT_EQ(skin->value(u"b"), u"");
-    EXPECT_FALSE(skin->value(u"B"));
-    EXPECT_EQ(skin->XMLParts.Item(2)->PartName, u"b");
-    EXPECT_EQ(skin->XMLParts.Item(3), nullptr);
-    EXPECT_EQ(parsed.tree.root.XMLMessage.Item(3), nullptr);
-}
-
 TEST(Codec, CollectionsKeepOrderAndRefuseASecondKey)
 {
     XMLDocument tree;
@@ -100,29 +76,28 @@ TEST(Codec, CollectionsKeepOrderAndRefuseASecondKey)
     EXPECT_EQ(parts.Add(u"a", u"3"), nullptr);
     EXPECT_EQ(parts.Count(), 2);
     EXPECT_EQ(parts.Item(u"k")->PartValue, u"2");
-    EXPECT_TRUE(parts.Remove(u"k"));
-    EXPECT_FALSE(parts.Remove(u"k"));
-    EXPECT_NE(parts.Add(u"z", u"4"), nullptr);
+    EXPECT_TRUE(parts.Remove(u"k") && !parts.Remove(u"k"));
+    EXPECT_NE(parts.Add(u"z", u""), nullptr);
     EXPECT_EQ(parts.Item(2)->PartName, u"z");
+    EXPECT_EQ(parts.Item(3), nullptr);
+    EXPECT_EQ(tree.root.value(u"z"), u"");
+    EXPECT_FALSE(tree.root.value(u"Z"));
 
     colXMLMessage &children = tree.root.XMLMessage;
     children.Add(u"B", u"key").XMLParts.Add(u"cnode", u"text");
     children.Add(u"C");
     EXPECT_EQ(children.Item(u"key"), children.Item(1));
-    EXPECT_EQ(children.Item(u""), nullptr);
+    EXPECT_TRUE(children.Item(u"") == nullptr && children.Item(3) == nullptr);
     EXPECT_TRUE(children.Remove(2));
     children.Add(u"D");
     tree.root.MsgName = u"A";
-    EXPECT_EQ(BuildXML(tree.root), u"<A a=\"1\" z=\"4\"><B>text</B><D/></A>"_s);
+    EXPECT_EQ(BuildXML(tree.root), u"<A a=\"1\" z=\"\"><B>text</B><D/></A>"_s);
 }
 
 TEST(Codec, EscapesComeBack)
 {
     EXPECT_EQ(EscapeXML(u"a\\b/c"), u"a\\\\b\\/c"_s);
-    EXPECT_EQ(UnescapeXML(u"a\\\\b\\/c"), u"a\\b/c"_s);
-    EXPECT_EQ(UnescapeXML(u"end\\"), u"end"_s);
-    const QString all = u"\\/>=\"<\u0001 \\\\\"\u4F60"_s;
-    EXPECT_EQ(UnescapeXML(EscapeXML(all)), all);
+    EXPECT_EQ(UnescapeXML(u"a\\\\b\\/c\\"), u"a\\b/c"_s);
 }
 
 TEST(Codec, NestingHasALimit)
@@ -148,61 +123,46 @@ TEST(Codec, AMillionOfAnything)
     EXPECT_EQ(Parsed(u"<A>" + u"<b/>"_s.repeated(1'000'000)).tree.root.XMLMessage.Count(), 1'000'000);
 }
 
-/// Random trees whose texts are full of what needs escaping.
-class RandomTree
+/// Fills the element with a random tree whose texts are full of what needs escaping.
+void fill(clsXMLMessage &element, int depth, std::mt19937 &random)
 {
-public:
-    explicit RandomTree(unsigned seed) : m_random(seed) {}
-
-    void fill(clsXMLMessage &element, int depth)
-    {
-        const int parts = upTo(3);
-        for (int at = 0; at < parts; ++at) {
-            element.XMLParts.Add(QString(u'p' + QString::number(at)), text(upTo(8)));
-        }
-        const int children = depth < 5 ? upTo(3) : 0;
-        for (int at = 0; at < children; ++at) {
-            fill(element.XMLMessage.Add(QString(u"n" + QString::number(upTo(9)))), depth + 1);
-        }
-        if (upTo(1) == 1) {
-            element.XMLParts.Add(u"cnode", text(1 + upTo(8)));
-        }
-    }
-
-private:
-    int upTo(int most) { return std::uniform_int_distribution(0, most)(m_random); }
-
-    QString text(int length)
-    {
+    const auto upTo = [&](int most) { return std::uniform_int_distribution(0, most)(random); };
+    const auto text = [&](int length) {
         const QString alphabet = u"ab \\/>=\"<\u0001\u0003\u00E9\u4F60"_s;
         QString made;
         while (made.size() < length) {
             made += alphabet[upTo(static_cast<int>(alphabet.size()) - 1)];
         }
         return made;
+    };
+    for (int at = upTo(3); at > 0; --at) {
+        element.XMLParts.Add(u"p%1"_s.arg(at), text(upTo(8)));
     }
-
-    std::mt19937 m_random;
-};
+    for (int at = depth < 5 ? upTo(3) : 0; at > 0; --at) {
+        fill(element.XMLMessage.Add(u"n%1"_s.arg(upTo(9))), depth + 1, random);
+    }
+    if (upTo(1) == 1) {
+        element.XMLParts.Add(u"cnode", text(1 + upTo(8)));
+    }
+}
 
 TEST(Codec, RandomTreesSurviveTheWire)
 {
     for (unsigned seed = 0; seed < 300; ++seed) {
         XMLDocument tree;
         tree.root.MsgName = u"ROOT";
-        RandomTree(seed).fill(tree.root, 0);
+        std::mt19937 random(seed);
+        fill(tree.root, 0, random);
         const QString text = BuildXML(tree.root);
         const Parsed parsed(text);
         ASSERT_TRUE(parsed.ok) << text.toStdString();
         ASSERT_EQ(BuildXML(parsed.tree.root), text);
         ASSERT_EQ(parsed.position, text.size());
-        if (seed % 10 == 0) {
-            for (qsizetype cut = 0; cut < text.size(); ++cut) {
-                const Parsed beginning(text.first(cut)); // neither crashes nor reads beyond the cut
-                const Parsed rest(text.sliced(cut + 1));
-                ASSERT_TRUE(!beginning.ok || text.startsWith(u"<ROOT"_s));
-                ASSERT_TRUE(!rest.ok || rest.text.startsWith(u'<'));
-            }
+        for (qsizetype cut = 0; seed % 10 == 0 && cut < text.size(); ++cut) {
+            const Parsed beginning(text.first(cut)); // neither crashes nor reads beyond the cut
+            const Parsed rest(text.sliced(cut + 1));
+            ASSERT_TRUE(!beginning.ok || text.startsWith(u"<ROOT"_s));
+            ASSERT_TRUE(!rest.ok || rest.text.startsWith(u'<'));
         }
     }
 }

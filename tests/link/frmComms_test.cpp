@@ -1,62 +1,40 @@
 #include "support/link_fixture.h"
 #include "support/recording_room.h"
 
-#include <QFile>
-
 namespace {
 
 struct Link : LinkFixture
 {
-    Link()
+    void SetUp() override
     {
-        state.MyUserID = u"u1"_s;
-        state.CurrentRoomID = 12;
         link.setRoomEvents(&room);
+        connectLink();
     }
-
-    void SetUp() override { connectLink(); }
 
     void answerWith(const QStringList &messages)
     {
         messenger.answerBy([messages](const QString &) { return messages; });
     }
 
+    /// Does it while a request is waited for.
+    static void later(const std::function<void()> &function) { QTimer::singleShot(150, function); }
+
+    void askForContactsWhenOnline(const std::function<void()> &then = [] {})
+    {
+        room.onEvent = [=, this](QStringView name) {
+            if (name == u"ONLINE") {
+                link.GetPyloxUsers();
+                then();
+            }
+        };
+    }
+
     RecordingRoom room;
 };
 
-struct LinkPort : Link
-{
-    void SetUp() override {}
-};
-
-TEST_F(LinkPort, ThePortIsTheCommandLinesElseTheSettingsFiles)
-{
-    EXPECT_FALSE(link.ConnectToClient({})) << "no port anywhere";
-    for (const QString &port : {u"0"_s, u"none"_s, u"-5"_s, u"70000"_s}) {
-        EXPECT_FALSE(connectTo(port)) << port.toStdString();
-    }
-    settings.WriteValue(u"Port"_s, QString::number(messenger.port()), u"Chat"_s);
-    EXPECT_TRUE(link.ConnectToClient({}));
-    EXPECT_FALSE(connectTo(u"1"_s)) << "nobody listens there";
-}
-
-TEST_F(Link, StartUpRequestsReadTheirReplies)
-{
-    EXPECT_EQ(link.RetrieveSkin(), u"C:\\skins\\Blue.skn"_s);
-    const Reply details = link.RetrieveMyDetails();
-    ASSERT_NE(details.element(), nullptr);
-    EXPECT_EQ(details.element()->value(u"nick"), u"Ann");
-    EXPECT_EQ(messenger.requests, (QStringList{u"<GETSKIN/>"_s, u"<GETMYDETAILS/>"_s}));
-}
-
 TEST_F(Link, ResultsOfRequestsByTheirReplies)
 {
-    const struct
-    {
-        QString reply;
-        JoinRequest join;
-        bool leave;
-    } cases[] = {
+    const std::tuple<QString, JoinRequest, bool> cases[] = {
         {u"<AJC r=\"0\"/>"_s, JoinRequest::Sent, false},
         {u"<AJC r=\"109\"/>"_s, JoinRequest::RoomFull, false},
         {u"<AJC r=\"5\"/>"_s, JoinRequest::Failed, false},
@@ -67,54 +45,36 @@ TEST_F(Link, ResultsOfRequestsByTheirReplies)
         {u"<ACKSM/>"_s, JoinRequest::Failed, false},
         {u""_s, JoinRequest::Failed, false},
     };
-    for (const auto &c : cases) {
-        answerWith({reply(c.reply)});
-        EXPECT_EQ(link.RequestJoinChannel(), c.join) << c.reply.toStdString();
-        EXPECT_EQ(link.LeaveChannel(), c.leave) << c.reply.toStdString();
-        EXPECT_EQ(link.SendMessage(u"x"_s, {}), !c.reply.isEmpty()) << c.reply.toStdString();
+    for (const auto &[payload, join, leave] : cases) {
+        answerWith({reply(payload)});
+        EXPECT_EQ(link.RequestJoinChannel(), join) << payload.toStdString();
+        EXPECT_EQ(link.LeaveChannel(), leave) << payload.toStdString();
+        EXPECT_EQ(link.SendMessage(u"x"_s, {}), !payload.isEmpty()) << payload.toStdString();
         clock.advance(2000);
     }
 }
 
 TEST_F(Link, ContactsAreRebuiltFromTheFirstPlaceOn)
 {
-    state.lists.PyloxContacts = {{}, {u"old"_s, u"Old"_s}};
+    const UserList old{{}, {u"old"_s, u"Old"_s}};
+    state.lists.PyloxContacts = old;
     answerWith({});
-    QTimer::singleShot(150, [this] { clock.advance(31'000); });
+    later([this] { clock.advance(31'000); });
     link.GetPyloxUsers();
-    EXPECT_EQ(state.lists.PyloxContacts.size(), 2) << "no reply, no change";
+    EXPECT_EQ(state.lists.PyloxContacts, old) << "no reply, no change";
 
-    answerWith({reply(
-        u"<PYLOXUSERS><U id=\"7\" nick=\"Ann\"/><U id=\"8\"/><U id=\"9\" nick=\"Bob\"/></PYLOXUSERS>"_s)});
-    link.GetPyloxUsers();
-    EXPECT_EQ(state.lists.PyloxContacts, (UserList{{u"7"_s, u"Ann"_s}, {u"9"_s, u"Bob"_s}}));
-    answerWith({reply(u"<PYLOXUSERS/>"_s)});
-    link.GetPyloxUsers();
-    EXPECT_EQ(state.lists.PyloxContacts, emptyUserList());
-    answerWith({reply(u"<CTL/>"_s)});
-    state.lists.PyloxContacts = {{u"7"_s, u"Ann"_s}};
-    link.GetPyloxUsers();
-    EXPECT_EQ(state.lists.PyloxContacts, emptyUserList()) << "a reply of another kind";
-}
-
-TEST_F(Link, AnEventsHandlerMayWaitForARequestOfItsOwn)
-{
-    QStringList order;
-    messenger.answerBy([](const QString &request) {
-        if (request.startsWith(u"<LEAVECHANNEL"_s)) { // an event comes before the answer
-            return QStringList{u"<MSG><V mk=\"MSG\"/><ONLINE/></MSG>"_s, reply(u"<KLC r=\"0\"/>"_s)};
-        }
-        return QStringList{reply(u"<PYLOXUSERS/>"_s)};
-    });
-    room.onEvent = [&](QStringView name) {
-        if (name == u"ONLINE") {
-            link.GetPyloxUsers();
-            order += u"contacts"_s;
-        }
+    const std::pair<QString, UserList> cases[] = {
+        {u"<PYLOXUSERS><U id=\"7\" nick=\"Ann\"/><U id=\"8\"/><U id=\"9\" nick=\"Bob\"/></PYLOXUSERS>"_s,
+         {{u"7"_s, u"Ann"_s}, {u"9"_s, u"Bob"_s}}},
+        {u"<PYLOXUSERS/>"_s, emptyUserList()},
+        {u"<CTL/>"_s, emptyUserList()}, // a reply of another kind
     };
-    EXPECT_TRUE(link.LeaveChannel());
-    order += u"left"_s;
-    EXPECT_EQ(order, (QStringList{u"contacts"_s, u"left"_s}));
+    for (const auto &[payload, contacts] : cases) {
+        state.lists.PyloxContacts = old;
+        answerWith({reply(payload)});
+        link.GetPyloxUsers();
+        EXPECT_EQ(state.lists.PyloxContacts, contacts);
+    }
 }
 
 TEST_F(Link, ALongTrainOfMessagesBehindTheOneWhoseHandlerWaits)
@@ -123,18 +83,17 @@ TEST_F(Link, ALongTrainOfMessagesBehindTheOneWhoseHandlerWaits)
         if (!request.startsWith(u"<LEAVECHANNEL"_s)) {
             return QStringList{reply(u"<PYLOXUSERS/>"_s)};
         }
-        QStringList train{u"<MSG><V mk=\"MSG\"/><ONLINE/></MSG>"_s};
+        QStringList train{event(u"<ONLINE/>"_s)};
         for (int at = 0; at < 3000; ++at) { // more than one block of the buffer
-            train += u"<MSG><V mk=\"MSG\"/><RCMSG cid=\"12\" id=\"u2\">some text</RCMSG></MSG>"_s;
+            train += event(u"<RCMSG cid=\"12\" id=\"u2\">some text</RCMSG>"_s);
         }
         return train += reply(u"<KLC r=\"0\"/>"_s);
     });
-    room.onEvent = [&](QStringView name) {
-        if (name == u"ONLINE") {
-            link.GetPyloxUsers();
-        }
-    };
+    QStringList order;
+    askForContactsWhenOnline([&] { order += u"contacts"_s; });
     EXPECT_TRUE(link.LeaveChannel());
+    order += u"left"_s;
+    EXPECT_EQ(order, (QStringList{u"contacts"_s, u"left"_s}));
     EXPECT_EQ(room.events.count(u"RCMSG"_s), 3000);
 }
 
@@ -143,32 +102,19 @@ TEST_F(Link, AReplyThatCameBeforeTheEndOfTheConnectionCounts)
     messenger.answerBy([this](const QString &request) {
         if (request.startsWith(u"<LEAVECHANNEL"_s)) {
             QTimer::singleShot(0, &messenger, [this] { messenger.closeClient(); });
-            return QStringList{u"<MSG><V mk=\"MSG\"/><ONLINE/></MSG>"_s, reply(u"<KLC r=\"0\"/>"_s)};
+            return QStringList{event(u"<ONLINE/>"_s), reply(u"<KLC r=\"0\"/>"_s)};
         }
         return QStringList();
     });
-    room.onEvent = [&](QStringView name) {
-        if (name == u"ONLINE") {
-            link.GetPyloxUsers();
-        }
-    };
+    askForContactsWhenOnline();
     EXPECT_TRUE(link.LeaveChannel());
     EXPECT_EQ(room.events, (QStringList{u"ONLINE"_s, u"shut-down"_s}));
-}
-
-TEST_F(Link, ARequestWithoutReplyIsGivenUp)
-{
-    answerWith({});
-    QTimer::singleShot(150, [this] { clock.advance(31'000); });
-    EXPECT_FALSE(link.LeaveChannel());
-    answerWith({reply(u"<KLC r=\"0\"/>"_s)});
-    EXPECT_TRUE(link.LeaveChannel()) << "the next request goes through";
 }
 
 TEST_F(Link, TheEndOfTheConnectionEndsEveryWait)
 {
     answerWith({});
-    QTimer::singleShot(150, [this] { messenger.closeClient(); });
+    later([this] { messenger.closeClient(); });
     EXPECT_FALSE(link.LeaveChannel());
     EXPECT_EQ(room.events, QStringList{u"shut-down"_s});
     EXPECT_FALSE(link.SendMessage(u"x"_s, {})) << "and later requests fail at once";
@@ -177,9 +123,11 @@ TEST_F(Link, TheEndOfTheConnectionEndsEveryWait)
 TEST_F(Link, AResetIsTheLastRecordsOwnFailure)
 {
     answerWith({});
-    QTimer::singleShot(150, [this] { messenger.resetClient(); });
     std::shared_ptr<const clsCommMsg> record;
-    QTimer::singleShot(120, [&] { record = link.queue().records().Item(1); });
+    later([&] {
+        record = link.queue().records().Item(1);
+        messenger.resetClient();
+    });
     EXPECT_FALSE(link.LeaveChannel());
     ASSERT_NE(record, nullptr);
     EXPECT_EQ(record->RetCode, RetCode::ConnectionReset);
@@ -190,7 +138,7 @@ TEST_F(Link, ShutDownReleasesWaitsAndStopsWrites)
     answerWith({});
     bool second = true;
     QTimer::singleShot(120, [&] { second = link.DestroyChannel(); }); // waits behind the first
-    QTimer::singleShot(150, [&] {
+    later([&] {
         link.setShutDown();
         messenger.send(u"<KLC r=\"0\"/>"_s, u"C1"_s); // so that the second would be next
         link.sendNext();
@@ -203,11 +151,11 @@ TEST_F(Link, ShutDownReleasesWaitsAndStopsWrites)
 
 TEST_F(Link, MessagesCutAndJoinedAnyhowAndGarbageBetween)
 {
-    const QByteArray event = QByteArray("<MSG><V mk=\"MSG\"/><RCMSG/></MSG>") + '\0';
-    messenger.sendRaw(event + event + event.first(20));
+    const QByteArray message = event(u"<RCMSG/>"_s).toLatin1() + '\0';
+    messenger.sendRaw(message + message + message.first(20));
     EXPECT_TRUE(eventually([this] { return room.events.size() == 2; }));
-    messenger.sendRaw(event.sliced(20) + QByteArray("noise\0\0<MSG>\0", 13) + QByteArray(5'000'000, 'x') +
-                      '\0' + event);
+    messenger.sendRaw(message.sliced(20) + QByteArray("noise\0\0<MSG>\0", 13) + QByteArray(5'000'000, 'x') +
+                      '\0' + message);
     EXPECT_TRUE(eventually([this] { return room.events.size() == 4; }));
 }
 

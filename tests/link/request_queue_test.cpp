@@ -1,8 +1,6 @@
 #include "link/request_queue.h"
 #include "support/text.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 constexpr qint64 start = 1'000'000;
@@ -33,18 +31,12 @@ TEST_F(Queue, OneRequestAtATime)
     EXPECT_EQ(queue.nextToSend(), nullptr);
     first->Processed = true;
     EXPECT_EQ(queue.nextToSend(), second);
-    second->Terminate = true;
+    {
+        const RecordUse use(second);
+        EXPECT_FALSE(second->Terminate);
+    }
+    EXPECT_TRUE(second->Terminate) << "its use has ended";
     EXPECT_EQ(queue.nextToSend(), nullptr);
-}
-
-TEST_F(Queue, WithoutAConnectionARequestHasFailedAtOnce)
-{
-    const auto record = queue.add({}, false, start);
-    EXPECT_EQ(record->RetCode, RetCode::NotSent);
-    EXPECT_TRUE(record->Processed && record->Terminate);
-    EXPECT_EQ(queue.nextToSend(), nullptr);
-    queue.cleanUp(start);
-    EXPECT_EQ(queue.records().Count(), 0);
 }
 
 TEST_F(Queue, GivesUpAfterThirtySecondsAndForgetsAfterForty)
@@ -55,7 +47,6 @@ TEST_F(Queue, GivesUpAfterThirtySecondsAndForgetsAfterForty)
     unanswered->Sent = true;
     answered->Processed = true;
     answered->RetCode = RetCode::Replied;
-
     finished->Terminate = true;
 
     queue.cleanUp(start + 30'999);
@@ -85,21 +76,14 @@ TEST_F(Queue, TheEndOfTheConnection)
     answered->RetCode = RetCode::Replied;
     queue.failLast();
     queue.failAll();
+    const auto late = queue.add({}, false, start);
     EXPECT_EQ(answered->RetCode, RetCode::Replied);
     EXPECT_EQ(waiting->RetCode, RetCode::NotSent);
     EXPECT_EQ(last->RetCode, RetCode::ConnectionReset);
-    EXPECT_TRUE(waiting->Processed && last->Processed);
+    EXPECT_EQ(late->RetCode, RetCode::NotSent);
+    EXPECT_TRUE(waiting->Processed && last->Processed && late->Processed && late->Terminate);
+    EXPECT_NE(queue.nextToSend(), late);
     RequestQueue().failLast();
-}
-
-TEST_F(Queue, ARecordIsFinishedWithWhenItsUseEnds)
-{
-    const auto record = queue.add({}, true, start);
-    {
-        const RecordUse use(record);
-        EXPECT_FALSE(record->Terminate);
-    }
-    EXPECT_TRUE(record->Terminate);
 }
 
 } // namespace

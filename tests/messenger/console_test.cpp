@@ -8,33 +8,24 @@
 
 using namespace messenger;
 
-namespace {
-
-class ConsoleTest : public WorldTest
+struct ConsoleTest : WorldTest
 {
-protected:
     int quits = 0;
     Console console{world, [this] { ++quits; }};
 };
-
-} // namespace
 
 TEST_F(ConsoleTest, CarriesOutCommands)
 {
     world.setSkin(u"first.skn"_s);
     bringIn(robin, 1);
-    const struct
-    {
-        QString line;
-        QStringList toldRobin;
-    } cases[] = {
+    const std::pair<QString, QStringList> cases[] = {
         {u"  say 1   hello  there "_s,
          {u"<RCMSG cid=\"1\" id=\"h1\" tid=\"0\">\\<SMSG\\>hello  there\x01</RCMSG>"_s}},
         {u"whisper u1 between us"_s,
          {u"<RCMSG cid=\"1\" id=\"h1\" tid=\"u1\">\\<SMSG\\>between us\x01</RCMSG>"_s}},
-        {u"status u1 12 8"_s, {u"<STATUSMOOD id=\"u1\" s=\"12\" m=\"8\"/>"_s}},
-        {u"rename u2 Sasha the 2nd"_s, {u"<NAMECHANGE id=\"u2\" n=\"Sasha the 2nd\"/>"_s}},
-        {u"skin /a b/Dark.skn"_s, {u"<SKINCHANGE value=\"\\/a b\\/Dark.skn\"/>"_s}},
+        {u"status u1 12 8"_s, {uR"(<STATUSMOOD id="u1" s="12" m="8"/>)"_s}},
+        {u"rename u2 Sasha the 2nd"_s, {uR"(<NAMECHANGE id="u2" n="Sasha the 2nd"/>)"_s}},
+        {u"skin /a b/Dark.skn"_s, {uR"(<SKINCHANGE value="\/a b\/Dark.skn"/>)"_s}},
         {u"kick 1 u1"_s, {u"<RCCMD cid=\"1\" id=\"h1\">DROPUSER userid\\=u1\x03 nick\\=Robin\x03</RCCMD>"_s}},
         {u"offline"_s, {u"<OFFLINE/>"_s}},
         {u"offline"_s, {}},
@@ -47,7 +38,7 @@ TEST_F(ConsoleTest, CarriesOutCommands)
     }
     bringIn(robin, 2);
     EXPECT_EQ(console.run(u"close 2"_s), QString());
-    EXPECT_EQ(told(robin), QStringList(u"<CLD cid=\"2\"/>"_s));
+    EXPECT_EQ(told(robin), QStringList(uR"(<CLD cid="2"/>)"_s));
     EXPECT_EQ(world.skin(), u"/a b/Dark.skn");
     console.run(u"quit"_s);
     EXPECT_EQ(quits, 1);
@@ -56,14 +47,12 @@ TEST_F(ConsoleTest, CarriesOutCommands)
 TEST_F(ConsoleTest, SaysWhatIsWrong)
 {
     world.createRoom(robin, u"1"_s, u"Den"_s, false);
-    for (const QString &line :
-         {u"bogus"_s, u"say"_s, u"say 1"_s, u"say 99 x"_s, u"say 6 x"_s, u"close"_s, u"close x"_s,
-          u"kick 1 u1"_s, u"kick 1 h1"_s, u"kick 9 u1"_s, u"whisper nobody x"_s, u"whisper u8 x"_s,
-          u"status u1 x 1"_s, u"status u1 1"_s, u"status zz 1 1"_s, u"rename zz x"_s, u"quit now"_s,
-          u"skin"_s}) {
+    const QString lines = u"bogus|say|say 1|say 99 x|say 6 x|close|close x|kick 1 u1|kick 1 h1|kick 9 u1|"
+                          "whisper nobody x|whisper u8 x|status u1 x 1|status u1 1|status zz 1 1|"
+                          "rename zz x|quit now|skin"_s;
+    for (const QString &line : lines.split(u'|')) {
         const QString output = console.run(line);
-        EXPECT_FALSE(output.isEmpty()) << line.toStdString();
-        EXPECT_FALSE(output.contains(u'\n')) << output.toStdString();
+        EXPECT_TRUE(!output.isEmpty() && !output.contains(u'\n')) << line.toStdString();
     }
     EXPECT_EQ(quits, 0);
     EXPECT_TRUE(console.run(u"help"_s).contains(u"\nwhisper USER TEXT"));
@@ -73,24 +62,17 @@ TEST_F(ConsoleTest, SaysWhatIsWrong)
 
 TEST(Options, AreReadAndChecked)
 {
-    const ParsedArguments good = parseArguments({u"--port"_s, u"5190"_s, u"--home=/h"_s, u"--guests"_s,
-                                                 u"12"_s, u"--seed"_s, u"4294967295"_s, u"--verbose"_s});
+    const auto parse = [](const QString &line) { return parseArguments(line.split(u' ')); };
+    const auto good = parse(u"--port 5190 --home=/h --guests 12 --seed 4294967295 --verbose"_s);
     EXPECT_EQ(good.error, QString());
-    EXPECT_EQ(good.options.port, 5190);
-    EXPECT_EQ(good.options.home, u"/h");
-    EXPECT_EQ(good.options.guests, 12);
-    EXPECT_EQ(good.options.seed, 4294967295U);
-    EXPECT_TRUE(good.options.verbose);
+    const MessengerOptions &got = good.options;
+    EXPECT_EQ(std::tie(got.port, got.home, got.guests, got.seed, got.verbose),
+              std::tuple(5190, u"/h"_s, 12, 4294967295U, true));
     EXPECT_EQ(parseArguments({}).options.port, 0);
-    EXPECT_TRUE(parseArguments({u"--help"_s}).help);
-    for (const QStringList &bad : {QStringList{u"--port"_s, u"65536"_s},
-                                   {u"--port=-1"_s},
-                                   {u"--port"_s},
-                                   {u"--seed=x"_s},
-                                   {u"--guests=5001"_s},
-                                   {u"--bogus"_s},
-                                   {u"word"_s}}) {
-        EXPECT_FALSE(parseArguments(bad).error.isEmpty()) << bad.join(u' ').toStdString();
+    EXPECT_TRUE(parse(u"--help"_s).help);
+    for (const QString &bad : {u"--port 65536"_s, u"--port=-1"_s, u"--port"_s, u"--seed=x"_s,
+                               u"--guests=5001"_s, u"--bogus"_s, u"word"_s}) {
+        EXPECT_FALSE(parse(bad).error.isEmpty()) << bad.toStdString();
     }
 }
 
@@ -103,11 +85,10 @@ TEST(StandardInput, CutsLinesAndLeavesOutEndlessOnes)
     int tooLong = 0;
     QObject::connect(&input, &StandardInput::lineRead, [&](const QString &line) { lines.append(line); });
     QObject::connect(&input, &StandardInput::lineTooLong, [&] { ++tooLong; });
-    const auto feed = [&](const QByteArray &bytes) {
+    for (const QByteArray &bytes :
+         {QByteArray("one\ntw"), QByteArray("o\n" + QByteArray(20'000, 'x') + "\nthree\nhalf")}) {
         EXPECT_EQ(write(ends[1], bytes.constData(), static_cast<std::size_t>(bytes.size())), bytes.size());
-    };
-    feed("one\ntw");
-    feed("o\n" + QByteArray(20'000, 'x') + "\nthree\nhalf");
+    }
     ASSERT_TRUE(eventually([&] { return lines.size() == 3; }));
     close(ends[1]);
     EXPECT_FALSE(eventually([&] { return lines.size() > 3; }, 50));

@@ -20,36 +20,33 @@ public:
         socket.connectToLocalHost(port);
     }
 
-    [[nodiscard]] bool isConnected()
+    /// Sends a request so many times at once, each under the next key: C1, C2 …
+    void request(const QString &text, int times = 1)
     {
-        return eventually([this] { return socket.state() == TcpSocket::State::Connected; });
+        QByteArray bytes;
+        for (int count = 0; count < times; ++count) {
+            bytes += QString(u"<MSG><V mk=\"C%1\"/>"_s.arg(++keys) + text + u"</MSG>").toLatin1() + '\0';
+        }
+        send(bytes);
     }
-
-    /// Sends a request under the next key: C1, C2 …
-    void request(const QString &text) { send(message(text)); }
     void send(const QByteArray &bytes) { socket.write(bytes); }
-    [[nodiscard]] QByteArray message(const QString &request)
-    {
-        const QString text = u"<MSG><V mk=\"C%1\"/>"_s.arg(++keys) + request + u"</MSG>"_s;
-        return text.toLatin1() + QByteArray(1, '\0');
-    }
 
     /// Waits until a message came that holds the text.
-    [[nodiscard]] bool gets(const QString &text)
+    [[nodiscard]] bool gets(const QString &text, int milliseconds = 10000)
     {
-        return eventually([&] { return count(text) > 0; });
-    }
-    [[nodiscard]] qsizetype count(const QString &text) const
-    {
-        return std::ranges::count_if(received,
-                                     [&](const QString &message) { return message.contains(text); });
+        const auto holds = [&](const QString &message) { return message.contains(text); };
+        return eventually([&] { return std::ranges::any_of(received, holds); }, milliseconds);
     }
 
     /// Asks to join the lobby and enters it.
-    [[nodiscard]] bool entersLobby()
+    void asksForLobby()
     {
         request(u"<REQUESTJOINCHANNEL cid=\"1\" id=\"\" nm=\"\"/>"_s);
         request(u"<NOTIFYJOINCHANNEL cid=\"1\" id=\"\" tid=\"h1\" cnm=\"Lobby\"/>"_s);
+    }
+    [[nodiscard]] bool entersLobby()
+    {
+        asksForLobby();
         return gets(u"<NJC r=\"0\"/>"_s);
     }
 

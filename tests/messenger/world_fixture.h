@@ -10,15 +10,12 @@
 
 #include <QMap>
 
-#include <gtest/gtest.h>
-
 namespace messenger {
 
 /// A world with the built-in users, and what its messenger would say to each of them. No sockets.
-class WorldTest : public testing::Test
+struct Scene
 {
-protected:
-    WorldTest() { world.addListener(announcer); }
+    Scene() { world.addListener(announcer); }
 
     /// The payload of the reply to the request, which is given as text.
     QString answer(const QString &userId, const QString &request)
@@ -29,12 +26,24 @@ protected:
         return requests.answer(userId, document.root);
     }
 
+    /// The request gets this reply, and of the three only these are told something: this.
+    void expect(const QString &userId, const QString &request, const QString &reply,
+                const QMap<QString, QStringList> &telling = {})
+    {
+        EXPECT_EQ(answer(userId, request), reply) << request.left(80).toStdString();
+        for (const QString &id : {robin, sasha, noor}) {
+            EXPECT_EQ(told(id), telling.value(id)) << request.left(80).toStdString();
+        }
+    }
+
     /// What was sent to the user unasked since the last call, without the envelopes.
     QStringList told(const QString &userId)
     {
+        const QString head = u"<MSG><V mk=\"MSG\"/>"_s;
         for (const Delivery &delivery : announcer.take()) {
+            EXPECT_TRUE(delivery.message.startsWith(head)) << delivery.message.toStdString();
             for (const QString &id : delivery.recipients) {
-                m_told[id].append(payload(delivery.message));
+                m_told[id].append(delivery.message.sliced(head.size()).chopped(6));
             }
         }
         return m_told.take(userId);
@@ -63,14 +72,10 @@ protected:
     QString noor = world.connectPerson();  ///< u3
 
 private:
-    static QString payload(const QString &message)
-    {
-        const QString head = u"<MSG><V mk=\"MSG\"/>"_s;
-        EXPECT_TRUE(message.startsWith(head)) << message.toStdString();
-        return message.sliced(head.size()).chopped(6);
-    }
-
     QMap<QString, QStringList> m_told;
 };
+
+struct WorldTest : testing::Test, Scene
+{};
 
 } // namespace messenger

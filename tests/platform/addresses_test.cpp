@@ -1,27 +1,18 @@
 #include "platform/addresses.h"
 #include "platform/settings_file.h"
+#include "platform/text_file.h"
 #include "support/fake_addresses.h"
 #include "support/text.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
-
-namespace {
-
-void touch(const QString &path)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-}
-
 TEST(Addresses, OnlyHarmlessOnesAreOpened)
 {
     const QTemporaryDir folder;
     const QTemporaryDir elsewhere;
-    touch(folder.filePath(u"help.html"_s));
-    touch(elsewhere.filePath(u"run.sh"_s));
+    ASSERT_TRUE(writeTextFile(folder.filePath(u"help.html"_s), {}));
+    ASSERT_TRUE(writeTextFile(elsewhere.filePath(u"run.sh"_s), {}));
     ASSERT_TRUE(QFile::link(elsewhere.filePath(u"run.sh"_s), folder.filePath(u"link.html"_s)));
     const DesktopAddresses addresses(folder.path());
     const std::pair<QString, bool> cases[] = {
@@ -56,13 +47,10 @@ TEST(Addresses, HelpOpensAtItsAnchor)
     ShowHelp(u"options"_s, settings, u"/share"_s, opened);
     EXPECT_EQ(opened.last.toString(), u"https://example.org/help#options"_s);
 
-    QFile page(QStringLiteral(PYLOX_SOURCE_DIR "/share/help.html"));
-    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
-    const QByteArray text = page.readAll();
-    for (const char *anchor :
-         {"chat_categories", "chat_new", "using_chat", "options", "chat_lists", "chat_privmsg"}) {
-        EXPECT_TRUE(text.contains(QByteArray("id=\"" + QByteArray(anchor) + '"'))) << anchor;
+    const auto page = readTextFile(QStringLiteral(PYLOX_SOURCE_DIR "/share/help.html"));
+    ASSERT_TRUE(page);
+    const QString anchors = u"chat_categories chat_new using_chat options chat_lists chat_privmsg"_s;
+    for (const QString &anchor : anchors.split(u' ')) {
+        EXPECT_TRUE(page->contains(u"id=\""_s + anchor + u'"')) << anchor.toStdString();
     }
 }
-
-} // namespace

@@ -8,8 +8,6 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 void write(const QString &path, const QByteArray &bytes)
@@ -19,32 +17,33 @@ void write(const QString &path, const QByteArray &bytes)
     file.write(bytes);
 }
 
+struct SettingsTest : testing::Test
+{
+    SettingsTest() { settings.FileName = folder.filePath(u"Pylox.ini"_s); }
+
+    QTemporaryDir folder;
+    SettingsFile settings;
+};
+
 TEST(CodePage, EveryCharacterArrivesOrIsReplaced)
 {
     const CodePage western;
-    EXPECT_EQ(western.encode(u"na\u00EFve \u20AC5"), QByteArray("na\xEFve \x80"
-                                                                "5"));
-    EXPECT_EQ(western.decode("na\xEFve \x80"
-                             "5"),
-              u"na\u00EFve \u20AC5"_s);
+    EXPECT_EQ(western.encode(u"na\u00EFve 5\u20AC"), QByteArray("na\xEFve 5\x80"));
+    EXPECT_EQ(western.decode("na\xEFve 5\x80"), u"na\u00EFve 5\u20AC"_s);
     EXPECT_EQ(western.encode(u"\u4F60 \U0001F600!"), QByteArray("? ?!")) << "one mark for a surrogate pair";
     EXPECT_EQ(western.encode(u"\xD83D"), QByteArray("?"));
 
     const CodePage utf8(u"utf-8"_s);
     EXPECT_EQ(utf8.decode(utf8.encode(u"\u4F60\U0001F600")), u"\u4F60\U0001F600"_s);
     EXPECT_EQ(utf8.decode("a\xFFz"), u"a\uFFFDz"_s);
-    EXPECT_TRUE(utf8.decode("cut \xE4\xBD").startsWith(u"cut \uFFFD"_s))
-        << "a cut character is not lost silently";
-    EXPECT_EQ(CodePage(u"utf-16"_s).encode(u"\u00E9"), QByteArray("\xE9"))
-        << "no page for messages that end in NUL";
-    EXPECT_EQ(CodePage(u"no such page"_s).encode(u"\u00E9"), QByteArray("\xE9"));
+    EXPECT_TRUE(utf8.decode("cut \xE4\xBD").startsWith(u"cut \uFFFD"_s)) << "no silent loss";
+    for (const QString &none : {u"utf-16"_s, u"no such page"_s}) { // messages end in NUL
+        EXPECT_EQ(CodePage(none).encode(u"\u00E9"), QByteArray("\xE9"));
+    }
 }
 
-TEST(SettingsFile, KeepsWhatItDoesNotKnow)
+TEST_F(SettingsTest, KeepsWhatItDoesNotKnow)
 {
-    const QTemporaryDir folder;
-    SettingsFile settings;
-    settings.FileName = folder.filePath(u"Pylox.ini"_s);
     EXPECT_EQ(settings.ReadValue(u"Port"_s, u"0"_s, u"Chat"_s), u"0"_s);
     write(settings.FileName, "; mine\n[Other]\nb=2\na=1\n\n[CHAT]\nPort=1\n");
 
@@ -59,22 +58,16 @@ TEST(SettingsFile, KeepsWhatItDoesNotKnow)
     EXPECT_EQ(text.count(u"[CHAT]"_s, Qt::CaseInsensitive), 1);
 }
 
-TEST(SettingsFile, AStrangersIdCannotForgeASectionOrALine)
+TEST_F(SettingsTest, AStrangersIdCannotForgeASectionOrALine)
 {
-    const QTemporaryDir folder;
-    SettingsFile settings;
-    settings.FileName = folder.filePath(u"Pylox.ini"_s);
-    ASSERT_TRUE(
-        settings.WriteValue(u"Left"_s, u"1\n[Chat]\nPort=9"_s, u"ChatPrivMsg-x]\n[Chat]\nPort=9\n"_s));
+    const QString section = u"ChatPrivMsg-x]\n[Chat]\nPort=9\n"_s;
+    ASSERT_TRUE(settings.WriteValue(u"Left"_s, u"1\n[Chat]\nPort=9"_s, section));
     EXPECT_EQ(settings.ReadValue(u"Port"_s, u"0"_s, u"Chat"_s), u"0"_s);
-    EXPECT_EQ(settings.ReadValue(u"Left"_s, u""_s, u"ChatPrivMsg-x]\n[Chat]\nPort=9\n"_s),
-              u"1 [Chat] Port=9"_s);
+    EXPECT_EQ(settings.ReadValue(u"Left"_s, u""_s, section), u"1 [Chat] Port=9"_s);
 }
 
-TEST(SettingsFile, AFolderInItsPlaceGivesDefaultsAndRefusesWrites)
+TEST_F(SettingsTest, AFolderInItsPlaceGivesDefaultsAndRefusesWrites)
 {
-    const QTemporaryDir folder;
-    SettingsFile settings;
     settings.FileName = folder.path();
     EXPECT_EQ(settings.ReadValue(u"Port"_s, u"7"_s, u"Chat"_s), u"7"_s);
     EXPECT_FALSE(settings.WriteValue(u"Port"_s, u"8"_s, u"Chat"_s));
@@ -86,10 +79,10 @@ TEST(TextFile, ReadsWhatOtherProgramsWrite)
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"a.txt"_s);
     EXPECT_FALSE(readTextFile(path));
-    write(path, "\xEF\xBB\xBFna\xC3\xAFve");
-    EXPECT_EQ(readTextFile(path), u"na\u00EFve"_s);
-    write(path, "na\xEFve");
-    EXPECT_EQ(readTextFile(path), u"na\u00EFve"_s);
+    for (const QByteArray &bytes : {QByteArray("\xEF\xBB\xBFna\xC3\xAFve"), QByteArray("na\xEFve")}) {
+        write(path, bytes);
+        EXPECT_EQ(readTextFile(path), u"na\u00EFve"_s);
+    }
     ASSERT_TRUE(writeTextFile(path, u"\u4F60"_s));
     EXPECT_EQ(readTextFile(path), u"\u4F60"_s);
 }
@@ -111,10 +104,9 @@ TEST(LoadedWindows, ChangeInLoadOrderWithoutThoseThatLeft)
         changed += u"first"_s;
         loaded.leave(third);
     });
-    loaded.enter(first);
-    loaded.enter(second);
-    loaded.enter(third);
-    loaded.enter(first);
+    for (Window *window : {&first, &second, &third, &first}) {
+        loaded.enter(*window);
+    }
     loaded.changeSkin();
     EXPECT_EQ(changed, (QStringList{u"first"_s, u"second"_s}));
 }

@@ -1,24 +1,12 @@
-#include "core/attribute_text.h"
 #include "room/board_text.h"
 #include "room/composing.h"
 #include "support/text.h"
 
 #include <QFont>
 
-#include <gtest/gtest.h>
-
-namespace {
-
 TEST(BoardText, EachKindAndWhatStrangersPutIntoIt)
 {
-    const struct
-    {
-        QString text;
-        MessageKind kind;
-        QString name;
-        QString other;
-        QString shown;
-    } cases[] = {
+    const std::tuple<QString, MessageKind, QString, QString, QString> cases[] = {
         {u"hi"_s, MessageKind::Own, u"Ann"_s, {}, u"Ann: hi"_s},
         {u"a <b>b\u0001"_s, MessageKind::Member, u"Bob"_s, {}, u"Bob: a b"_s},
         {u"<B>loud</B>"_s, MessageKind::Member, u"Bob"_s, {}, u"Bob: <B>loud</B>"_s},
@@ -32,8 +20,8 @@ TEST(BoardText, EachKindAndWhatStrangersPutIntoIt)
         {u"closed"_s, MessageKind::Warning, {}, {}, u"SERVER: closed"_s},
         {u"online"_s, MessageKind::MessengerOnline, {}, {}, u"PYLOX: online"_s},
     };
-    for (const auto &c : cases) {
-        EXPECT_EQ(boardText(c.text, c.kind, c.name, c.other), c.shown);
+    for (const auto &[text, kind, name, other, shown] : cases) {
+        EXPECT_EQ(boardText(text, kind, name, other), shown);
     }
 }
 
@@ -48,5 +36,3 @@ TEST(Composing, TheItemThatTravels)
     const QString forged = u"a\u0001<EMOT>b\u0002\u0003\r\n\tc"_s;
     EXPECT_EQ(roomMessageItem(forged, font), u"<SMSG><b><i><u>a<EMOT>b\tc\u0001"_s);
 }
-
-} // namespace

@@ -2,34 +2,26 @@
 
 #include "platform/prompts.h"
 
-#include <QList>
+#include <QStringList>
 
 #include <functional>
 
-/// Answers message boxes and keeps what they said.
+/// Answers message boxes and keeps what they said, as "icon: caption: text".
 class FakePrompts final : public Prompts
 {
 public:
-    struct Box
-    {
-        QString caption;
-        QString text;
-        PromptIcon icon;
-
-        friend bool operator==(const Box &, const Box &) = default;
-    };
-
     PromptAnswer ask(const QString &text, const QString &caption, PromptIcon icon,
                      PromptButtons buttons) override
     {
-        boxes.append({caption, text, icon});
+        static constexpr QStringView icons[] = {u"Stop", u"Warning", u"Question", u"Information"};
+        boxes.append(icons[static_cast<int>(icon)] + u": " + caption + u": " + text);
         if (whileOpen) {
             whileOpen();
         }
         return buttons == PromptButtons::Ok ? PromptAnswer::Ok : answer;
     }
 
-    QList<Box> boxes;
+    QStringList boxes;
     PromptAnswer answer = PromptAnswer::Yes;
     std::function<void()> whileOpen; ///< what happens while a box stands
 };

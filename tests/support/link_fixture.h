@@ -13,8 +13,6 @@
 
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
-
 /// A link with all it needs, and a scripted messenger at the other end of a real socket.
 struct LinkFixture : testing::Test
 {
@@ -32,6 +30,8 @@ struct LinkFixture : testing::Test
         ASSERT_TRUE(eventually([this] { return messenger.hasClient(); }));
     }
 
+    /// A whole message that nobody asked for.
+    static QString event(const QString &payload) { return u"<MSG><V mk=\"MSG\"/>" + payload + u"</MSG>"; }
     /// The answer to a request, with the request's own key.
     static QString reply(const QString &payload) { return u"<MSG><V mk=\"{key}\"/>" + payload + u"</MSG>"; }
 

@@ -43,23 +43,3 @@ void ScriptedMessenger::answer(const QString &message)
         }
     }
 }
-
-void ScriptedMessenger::send(const QString &payload, const QString &key)
-{
-    sendRaw(QString(u"<MSG><V mk=\"" + key + u"\"/>" + payload + u"</MSG>").toLatin1() + '\0');
-}
-
-void ScriptedMessenger::sendRaw(const QByteArray &bytes)
-{
-    m_client->write(bytes);
-}
-
-void ScriptedMessenger::closeClient()
-{
-    m_client->close();
-}
-
-void ScriptedMessenger::resetClient()
-{
-    m_client->reset();
-}

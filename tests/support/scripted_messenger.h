@@ -28,12 +28,15 @@ public:
     void answerBy(Script script) { m_script = std::move(script); }
 
     /// Sends one message: the payload in an envelope with this key.
-    void send(const QString &payload, const QString &key = QStringLiteral("MSG"));
-    void sendRaw(const QByteArray &bytes);
+    void send(const QString &payload, const QString &key = QStringLiteral("MSG"))
+    {
+        sendRaw(QString(u"<MSG><V mk=\"" + key + u"\"/>" + payload + u"</MSG>").toLatin1() + '\0');
+    }
+    void sendRaw(const QByteArray &bytes) { m_client->write(bytes); }
 
-    void closeClient();
+    void closeClient() { m_client->close(); }
     /// Ends the connection so that the other side sees it reset.
-    void resetClient();
+    void resetClient() { m_client->reset(); }
 
     bool answersStartUp = true;
     QStringList requests; ///< what came, the element inside the envelope only

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include <ostream>
+#include <gtest/gtest.h>
 
 inline QString operator""_s(const char16_t *text, std::size_t size)
 {
