@@ -1,0 +1,833 @@
+#include "richtext/rtf_reader.h"
+
+#include "core/attribute_text.h"
+#include "richtext/rtf_code_pages.h"
+#include "richtext/rtf_pictures.h"
+#include "richtext/rtf_words.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace {
+
+constexpr std::size_t deepestGroup = 64;
+constexpr qint32 largestNumber = 1'000'000'000;
+constexpr qint32 largestTwips = 31'680; // 22 inches
+
+enum class Destination : quint8
+{
+    Body,
+    Skipped,
+    FontTable,
+    ColourTable,
+    Picture,
+    PictureProperties,
+    PropertyName,
+    PropertyValue,
+};
+
+/// What a group inherits and gives back at its end.
+struct State
+{
+    TextFormat format;
+    ParagraphFormat paragraph;
+    Destination destination = Destination::Body;
+    bool hidden = false;
+    qint32 unicodeFallback = 1; ///< how many characters stand behind a \u for those who do not know it
+    int codePage = 0;           ///< 0: the document's
+};
+
+struct Font
+{
+    quint16 number = 0; ///< in the document
+    int codePage = 0;
+};
+
+struct ControlWord
+{
+    quint32 hash = rtfHashStart;
+    std::optional<qint32> number;
+
+    [[nodiscard]] qint32 numberOr(qint32 other) const { return number.value_or(other); }
+    [[nodiscard]] bool isOn() const { return numberOr(1) != 0; }
+};
+
+/// The characters that end a stretch of plain text: controls, braces, backslash.
+constexpr auto isSpecial = [] {
+    std::array<bool, 128> table{};
+    std::fill_n(table.begin(), 32, true);
+    for (const char16_t c : {u'\\', u'{', u'}'}) {
+        table[c] = true;
+    }
+    return table;
+}();
+
+bool isLetter(char16_t c)
+{
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
+}
+
+int hexValue(char16_t c)
+{
+    if (c >= u'0' && c <= u'9') {
+        return c - u'0';
+    }
+    const char16_t lower = c | 0x20;
+    return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
+}
+
+class Reader
+{
+public:
+    Reader(QStringView rtf, bool fromBytes, RichDocument &document)
+        : m_begin(rtf.utf16()),
+          m_at(m_begin),
+          m_end(m_begin + rtf.size()),
+          m_fromBytes(fromBytes),
+          m_document(document)
+    {}
+
+    RtfStatus read();
+
+private:
+    using Problem = RtfStatus::Problem;
+
+    void openGroup();
+    void closeGroup();
+    void skipDeepGroup();
+    void readControl();
+    void readSymbol();
+    [[nodiscard]] ControlWord readWord();
+    void readText();
+    void readHexByte();
+
+    void obey(const ControlWord &word);
+    [[nodiscard]] bool obeyDestination(const ControlWord &word);
+    [[nodiscard]] bool obeyCharacter(const ControlWord &word);
+    [[nodiscard]] bool obeyParagraph(const ControlWord &word);
+    [[nodiscard]] bool obeyText(const ControlWord &word);
+    void obeyTables(const ControlWord &word);
+    void obeyUnicode(qint32 number);
+    void chooseFont(qint32 number);
+    [[nodiscard]] ColourValue colour(qint32 index) const;
+
+    void takeText(QStringView text);
+    void takeBodyText(QStringView text);
+    void takeFontNames(QStringView text);
+    void takeColours(QStringView text);
+    void takeHex(QStringView text);
+    void takeCharacter(char16_t c) { takeText(QStringView(&c, 1)); }
+    void append(QStringView text);
+    void flushBytes();
+    void finishFont();
+    void finishPicture();
+    void endParagraph(const ParagraphFormat &format);
+    void endDocument();
+    void note(Problem problem);
+
+    const char16_t *m_begin;
+    const char16_t *m_at;
+    const char16_t *m_end;
+    bool m_fromBytes;
+    RichDocument &m_document;
+    RtfStatus m_status;
+
+    State m_state;
+    std::vector<State> m_groups;
+    bool m_ignorable = false; ///< \* was read: a destination that is not known is to be skipped
+    qint32 m_toSkip = 0;      ///< characters left of a \u's fallback
+    int m_codePage = 1252;
+    QByteArray m_bytes; ///< read as bytes, not yet decoded: characters may be made of several
+
+    ParagraphBuilder m_builder;
+    bool m_firstParagraph = true;
+    ParagraphFormat m_textParagraph; ///< how the paragraph stood when it was last written to
+    TextFormat m_lastFormat;
+    quint16 m_lastFormatNumber = 0;
+
+    std::vector<ColourValue> m_colours;
+    ColourValue m_colour = automaticColour;
+    QHash<qint32, Font> m_fonts;
+    qint32 m_defaultFont = 0;
+    qint32 m_fontIndex = 0; ///< of the font table's entry that is being read
+    int m_fontCharset = 1;
+    QString m_fontName;
+
+    RtfPictures m_pictures;
+    RtfPictures::Kind m_pictureKind = RtfPictures::Kind::Other;
+    QByteArray m_pictureData;
+    int m_halfByte = -1;
+    QString m_propertyName;
+    QString m_propertyValue;
+    QString m_pictureCode;
+};
+
+void Reader::note(Problem problem)
+{
+    if (m_status.isOk()) {
+        m_status = {problem, m_at - m_begin};
+    }
+}
+
+RtfStatus Reader::read()
+{
+    if (!QStringView(m_begin, m_end).startsWith(u"{\\rtf")) {
+        note(Problem::NotRtf);
+        return m_status;
+    }
+    do {
+        switch (*m_at) {
+        case u'{':
+            openGroup();
+            break;
+        case u'}':
+            closeGroup();
+            break;
+        case u'\\':
+            readControl();
+            break;
+        default:
+            readText();
+        }
+    } while (m_at != m_end && !m_groups.empty());
+    flushBytes();
+    if (!m_groups.empty()) {
+        note(Problem::Unbalanced);
+        endDocument();
+    }
+    if (m_pictures.refusedAny()) {
+        note(Problem::TooManyPixels);
+    }
+    return m_status;
+}
+
+void Reader::openGroup()
+{
+    flushBytes();
+    m_toSkip = 0;
+    if (m_groups.size() >= deepestGroup) {
+        note(Problem::TooDeep);
+        skipDeepGroup();
+        return;
+    }
+    m_groups.push_back(m_state);
+    m_ignorable = false;
+    ++m_at;
+}
+
+/// Passes over a group without looking into it.
+void Reader::skipDeepGroup()
+{
+    qsizetype depth = 0;
+    do {
+        const char16_t c = *m_at++;
+        if (c == u'\\' && m_at != m_end) {
+            ++m_at;
+        }
+        depth += c == u'{' ? 1 : 0;
+        depth -= c == u'}' ? 1 : 0;
+    } while (depth > 0 && m_at != m_end);
+}
+
+void Reader::closeGroup()
+{
+    flushBytes();
+    m_toSkip = 0;
+    m_ignorable = false;
+    if (m_groups.size() == 1) {
+        endDocument();
+    }
+    const State inner = m_state;
+    m_state = m_groups.back();
+    m_groups.pop_back();
+    ++m_at;
+    if (inner.destination == Destination::FontTable) {
+        finishFont();
+        if (m_state.destination != Destination::FontTable) {
+            chooseFont(m_defaultFont);
+        }
+    } else if (inner.destination == Destination::Picture && m_state.destination != Destination::Picture) {
+        finishPicture();
+    } else if (inner.destination == Destination::PropertyValue && m_propertyName == u"wzDescription") {
+        m_pictureCode = m_propertyValue;
+    }
+}
+
+void Reader::readControl()
+{
+    ++m_at;
+    if (m_at == m_end) {
+        return;
+    }
+    if (*m_at != u'\'') {
+        flushBytes();
+    }
+    if (!isLetter(*m_at)) {
+        readSymbol();
+        return;
+    }
+    const ControlWord word = readWord();
+    if (word.hash == "bin"_rtf) {
+        m_at += std::clamp(qsizetype(word.numberOr(0)), qsizetype(0), qsizetype(m_end - m_at));
+    } else if (m_toSkip > 0) {
+        --m_toSkip;
+    } else if (m_state.destination != Destination::Skipped) {
+        obey(word);
+    }
+}
+
+ControlWord Reader::readWord()
+{
+    ControlWord word;
+    while (m_at != m_end && isLetter(*m_at)) {
+        word.hash = rtfHashStep(word.hash, *m_at++);
+    }
+    const bool negative = m_end - m_at >= 2 && *m_at == u'-' && m_at[1] >= u'0' && m_at[1] <= u'9';
+    m_at += negative ? 1 : 0;
+    qint64 number = 0;
+    const char16_t *const digits = m_at;
+    while (m_at != m_end && *m_at >= u'0' && *m_at <= u'9') {
+        number = qMin(number * 10 + (*m_at++ - u'0'), qint64(largestNumber));
+    }
+    if (m_at != digits) {
+        word.number = static_cast<qint32>(negative ? -number : number);
+    }
+    if (m_at != m_end && *m_at == u' ') {
+        ++m_at;
+    }
+    return word;
+}
+
+void Reader::readSymbol()
+{
+    const char16_t symbol = *m_at++;
+    if (symbol == u'*') {
+        m_ignorable = true;
+        return;
+    }
+    if (symbol == u'\'') {
+        readHexByte();
+        return;
+    }
+    switch (symbol) {
+    case u'\\':
+    case u'{':
+    case u'}':
+        takeCharacter(symbol);
+        break;
+    case u'~':
+        takeCharacter(u'\u00A0');
+        break;
+    case u'_':
+        takeCharacter(u'\u2011');
+        break;
+    case u'-':
+        takeCharacter(u'\u00AD');
+        break;
+    case u'\r':
+    case u'\n':
+        obey({"par"_rtf, std::nullopt});
+        break;
+    default:
+        break;
+    }
+}
+
+/// \'hh: one byte, which may be a part of a character.
+void Reader::readHexByte()
+{
+    const int high = m_end - m_at >= 2 ? hexValue(m_at[0]) : -1;
+    const int low = high >= 0 ? hexValue(m_at[1]) : -1;
+    if (low < 0) {
+        return;
+    }
+    m_at += 2;
+    if (m_toSkip > 0) {
+        --m_toSkip;
+    } else if (m_state.destination == Destination::Body || m_state.destination == Destination::FontTable) {
+        m_bytes.append(static_cast<char>(high * 16 + low));
+    }
+}
+
+void Reader::flushBytes()
+{
+    if (!m_bytes.isEmpty()) {
+        const QByteArray bytes = std::exchange(m_bytes, {});
+        takeText(withoutControlCharacters(
+            decodeRtfBytes(bytes, m_state.codePage != 0 ? m_state.codePage : m_codePage)));
+    }
+}
+
+/// A stretch of characters up to the next one that means something.
+void Reader::readText()
+{
+    const char16_t *const start = m_at;
+    if (*m_at < 32) {
+        ++m_at;
+        if (*start == u'\t') {
+            takeCharacter(u'\t');
+        }
+        return;
+    }
+    m_at = std::find_if(start, m_end, [](char16_t c) { return c < isSpecial.size() && isSpecial[c]; });
+    if (!m_fromBytes) {
+        takeText(QStringView(start, m_at));
+        return;
+    }
+    for (const char16_t *at = start; at != m_at;) {
+        const char16_t *const ascii = std::find_if(at, m_at, [](char16_t c) { return c < 0x80; });
+        for (; at != ascii; ++at) {
+            if (m_toSkip > 0) {
+                --m_toSkip;
+            } else {
+                m_bytes.append(static_cast<char>(*at));
+            }
+        }
+        const char16_t *const high = std::find_if(ascii, m_at, [](char16_t c) { return c >= 0x80; });
+        if (ascii != high) {
+            takeText(QStringView(ascii, high));
+        }
+        at = high;
+    }
+}
+
+void Reader::takeText(QStringView text)
+{
+    if (!m_bytes.isEmpty()) {
+        flushBytes();
+    }
+    if (m_toSkip > 0) {
+        const qsizetype skipped = qMin(qsizetype(m_toSkip), text.size());
+        m_toSkip -= static_cast<qint32>(skipped);
+        text = text.sliced(skipped);
+    }
+    switch (m_state.destination) {
+    case Destination::Body:
+        takeBodyText(text);
+        break;
+    case Destination::FontTable:
+        takeFontNames(text);
+        break;
+    case Destination::ColourTable:
+        takeColours(text);
+        break;
+    case Destination::Picture:
+        takeHex(text);
+        break;
+    case Destination::PropertyName:
+        m_propertyName += text;
+        break;
+    case Destination::PropertyValue:
+        m_propertyValue += text;
+        break;
+    case Destination::Skipped:
+    case Destination::PictureProperties:
+        break;
+    }
+}
+
+void Reader::takeBodyText(QStringView text)
+{
+    if (text.isEmpty() || m_state.hidden) {
+        return;
+    }
+    // Characters that would be taken for a picture or for the end of a paragraph.
+    if (std::ranges::any_of(text, [](QChar c) { return c == pictureCharacter || c == u'\u2029'; })) {
+        QString clean = text.toString();
+        clean.replace(QChar(pictureCharacter), QChar(QChar::ReplacementCharacter));
+        append(clean.replace(QChar(u'\u2029'), QChar(lineBreakCharacter)));
+        return;
+    }
+    append(text);
+}
+
+void Reader::append(QStringView text)
+{
+    if (m_state.format != m_lastFormat) {
+        m_lastFormat = m_state.format;
+        m_lastFormatNumber = m_document.formatNumber(m_lastFormat);
+    }
+    m_builder.append(text, m_lastFormatNumber);
+    m_textParagraph = m_state.paragraph;
+}
+
+void Reader::takeFontNames(QStringView text)
+{
+    for (const QChar c : text) {
+        if (c == u';') {
+            finishFont();
+        } else {
+            m_fontName += c;
+        }
+    }
+}
+
+void Reader::finishFont()
+{
+    if (m_fontIndex < 0) {
+        return;
+    }
+    const int page = m_fontCharset > 1 ? codePageOfCharset(m_fontCharset, 0) : 0;
+    m_fonts.insert(m_fontIndex, {m_document.fontNumber(m_fontName.trimmed()), page});
+    m_fontName.clear();
+    m_fontCharset = 1;
+    m_fontIndex = -1;
+}
+
+void Reader::takeColours(QStringView text)
+{
+    for (const QChar c : text) {
+        if (c == u';') {
+            m_colours.push_back(std::exchange(m_colour, automaticColour));
+        }
+    }
+}
+
+void Reader::takeHex(QStringView text)
+{
+    for (const QChar c : text) {
+        const int value = hexValue(c.unicode());
+        if (value < 0) {
+            continue;
+        }
+        if (m_halfByte < 0) {
+            m_halfByte = value;
+        } else {
+            m_pictureData.append(static_cast<char>(m_halfByte * 16 + value));
+            m_halfByte = -1;
+        }
+    }
+}
+
+/// A picture that cannot be shown leaves the code that it stands for.
+void Reader::finishPicture()
+{
+    const QString code = std::exchange(m_pictureCode, {});
+    const QByteArray data = std::exchange(m_pictureData, {});
+    m_halfByte = -1;
+    if (m_state.destination != Destination::Body || m_state.hidden) {
+        return;
+    }
+    const auto picture = m_pictures.decode(data, m_pictureKind, code);
+    const quint16 number = picture ? m_document.pictureNumber(picture) : quint16(0);
+    if (number == 0) {
+        takeBodyText(code);
+        return;
+    }
+    append({});
+    m_builder.appendPicture(number, m_lastFormatNumber);
+}
+
+/// Often the groups around the last text are closed before its paragraph ends, and with them how it stands.
+void Reader::endDocument()
+{
+    endParagraph(m_builder.isEmpty() ? m_state.paragraph : m_textParagraph);
+}
+
+void Reader::endParagraph(const ParagraphFormat &format)
+{
+    Paragraph paragraph = m_builder.take(m_document.paragraphFormatNumber(format));
+    if (m_firstParagraph) {
+        m_document.replaceLast(std::move(paragraph));
+    } else {
+        m_document.appendParagraph(std::move(paragraph));
+    }
+    m_firstParagraph = false;
+}
+
+ColourValue Reader::colour(qint32 index) const
+{
+    return index >= 0 && std::size_t(index) < m_colours.size() ? m_colours[std::size_t(index)]
+                                                               : automaticColour;
+}
+
+void Reader::chooseFont(qint32 number)
+{
+    const Font font = m_fonts.value(number);
+    m_state.format.font = font.number;
+    m_state.codePage = font.codePage;
+}
+
+void Reader::obey(const ControlWord &word)
+{
+    const bool ignorable = std::exchange(m_ignorable, false);
+    if (obeyDestination(word)) {
+        return;
+    }
+    if (ignorable) {
+        m_state.destination = Destination::Skipped;
+        return;
+    }
+    if (word.hash == "u"_rtf) {
+        obeyUnicode(word.numberOr(0));
+        return;
+    }
+    if (m_state.destination != Destination::Body) {
+        obeyTables(word);
+        return;
+    }
+    if (!obeyCharacter(word) && !obeyText(word) && !obeyParagraph(word)) {
+        obeyTables(word);
+    }
+}
+
+bool Reader::obeyDestination(const ControlWord &word)
+{
+    switch (word.hash) {
+    case "fonttbl"_rtf:
+        m_state.destination = Destination::FontTable;
+        m_fontIndex = -1;
+        return true;
+    case "colortbl"_rtf:
+        m_state.destination = Destination::ColourTable;
+        return true;
+    case "pict"_rtf:
+        m_state.destination = Destination::Picture;
+        m_pictureKind = RtfPictures::Kind::Other;
+        return true;
+    case "picprop"_rtf:
+        m_state.destination = Destination::PictureProperties;
+        return true;
+    case "sn"_rtf:
+    case "sv"_rtf:
+        if (m_state.destination == Destination::PictureProperties) {
+            const bool name = word.hash == "sn"_rtf;
+            m_state.destination = name ? Destination::PropertyName : Destination::PropertyValue;
+            (name ? m_propertyName : m_propertyValue).clear();
+        }
+        return true;
+    case "shppict"_rtf: // the picture inside is as good as any
+        return true;
+    case "stylesheet"_rtf:
+    case "info"_rtf:
+    case "header"_rtf:
+    case "headerl"_rtf:
+    case "headerr"_rtf:
+    case "headerf"_rtf:
+    case "footer"_rtf:
+    case "footerl"_rtf:
+    case "footerr"_rtf:
+    case "footerf"_rtf:
+    case "footnote"_rtf:
+    case "fldinst"_rtf:
+    case "objdata"_rtf:
+    case "nonshppict"_rtf:
+    case "listtext"_rtf:
+    case "xe"_rtf:
+    case "tc"_rtf:
+        m_state.destination = Destination::Skipped;
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool Reader::obeyCharacter(const ControlWord &word)
+{
+    TextFormat &format = m_state.format;
+    switch (word.hash) {
+    case "b"_rtf:
+        format.bold = word.isOn();
+        return true;
+    case "i"_rtf:
+        format.italic = word.isOn();
+        return true;
+    case "ul"_rtf:
+    case "uld"_rtf:
+    case "uldb"_rtf:
+    case "ulw"_rtf:
+    case "ulwave"_rtf:
+        format.underline = word.isOn();
+        return true;
+    case "ulnone"_rtf:
+        format.underline = false;
+        return true;
+    case "strike"_rtf:
+        format.strikeOut = word.isOn();
+        return true;
+    case "v"_rtf:
+        m_state.hidden = word.isOn();
+        return true;
+    case "cf"_rtf:
+        format.colour = colour(word.numberOr(0));
+        return true;
+    case "highlight"_rtf:
+    case "cb"_rtf:
+    case "chcbpat"_rtf:
+        format.background = colour(word.numberOr(0));
+        return true;
+    case "fs"_rtf:
+        format.halfPoints =
+            word.numberOr(0) > 0 ? quint16(std::clamp(*word.number, 2, 3000)) : TextFormat().halfPoints;
+        return true;
+    case "f"_rtf:
+        chooseFont(word.numberOr(0));
+        return true;
+    case "plain"_rtf:
+        format = TextFormat();
+        m_state.hidden = false;
+        chooseFont(m_defaultFont);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool Reader::obeyParagraph(const ControlWord &word)
+{
+    ParagraphFormat &paragraph = m_state.paragraph;
+    const qint32 twips = std::clamp(word.numberOr(0), -largestTwips, largestTwips);
+    using Alignment = ParagraphFormat::Alignment;
+    switch (word.hash) {
+    case "pard"_rtf:
+        paragraph = ParagraphFormat();
+        return true;
+    case "sb"_rtf:
+        paragraph.spaceBefore = qMax(twips, 0);
+        return true;
+    case "sa"_rtf:
+        paragraph.spaceAfter = qMax(twips, 0);
+        return true;
+    case "li"_rtf:
+        paragraph.leftIndent = qMax(twips, 0);
+        return true;
+    case "fi"_rtf:
+        paragraph.firstLineIndent = twips;
+        return true;
+    case "ql"_rtf:
+        paragraph.alignment = Alignment::Left;
+        return true;
+    case "qc"_rtf:
+        paragraph.alignment = Alignment::Centre;
+        return true;
+    case "qr"_rtf:
+        paragraph.alignment = Alignment::Right;
+        return true;
+    case "qj"_rtf:
+        paragraph.alignment = Alignment::Justified;
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool Reader::obeyText(const ControlWord &word)
+{
+    switch (word.hash) {
+    case "par"_rtf:
+    case "sect"_rtf:
+    case "page"_rtf:
+    case "row"_rtf:
+        if (!m_state.hidden) {
+            endParagraph(m_state.paragraph);
+        }
+        return true;
+    case "line"_rtf:
+        takeCharacter(lineBreakCharacter);
+        return true;
+    case "tab"_rtf:
+    case "cell"_rtf:
+        takeCharacter(u'\t');
+        return true;
+    case "emdash"_rtf:
+        takeCharacter(u'\u2014');
+        return true;
+    case "endash"_rtf:
+        takeCharacter(u'\u2013');
+        return true;
+    case "lquote"_rtf:
+        takeCharacter(u'\u2018');
+        return true;
+    case "rquote"_rtf:
+        takeCharacter(u'\u2019');
+        return true;
+    case "ldblquote"_rtf:
+        takeCharacter(u'\u201C');
+        return true;
+    case "rdblquote"_rtf:
+        takeCharacter(u'\u201D');
+        return true;
+    case "bullet"_rtf:
+        takeCharacter(u'\u2022');
+        return true;
+    default:
+        return false;
+    }
+}
+
+void Reader::obeyUnicode(qint32 number)
+{
+    const qint32 unit = number < 0 ? number + 0x10000 : number;
+    if (unit >= 32 && unit <= 0xFFFF) {
+        takeCharacter(static_cast<char16_t>(unit));
+    }
+    m_toSkip = m_state.unicodeFallback;
+}
+
+/// What the tables are made of, and what holds for the whole document.
+void Reader::obeyTables(const ControlWord &word)
+{
+    const auto component = static_cast<ColourValue>(std::clamp(word.numberOr(0), 0, 255));
+    const auto setComponent = [&](unsigned shift) {
+        const ColourValue before = m_colour == automaticColour ? 0 : m_colour;
+        m_colour = (before & ~(0xFFU << shift)) | (component << shift);
+    };
+    switch (word.hash) {
+    case "red"_rtf:
+        setComponent(0);
+        break;
+    case "green"_rtf:
+        setComponent(8);
+        break;
+    case "blue"_rtf:
+        setComponent(16);
+        break;
+    case "f"_rtf:
+        m_fontIndex = qMax(word.numberOr(0), 0);
+        break;
+    case "fcharset"_rtf:
+        m_fontCharset = word.numberOr(1);
+        break;
+    case "deff"_rtf:
+        m_defaultFont = word.numberOr(0);
+        break;
+    case "ansicpg"_rtf:
+        m_codePage = word.numberOr(1252);
+        break;
+    case "mac"_rtf:
+        m_codePage = 10000;
+        break;
+    case "pc"_rtf:
+        m_codePage = 437;
+        break;
+    case "pca"_rtf:
+        m_codePage = 850;
+        break;
+    case "uc"_rtf:
+        m_state.unicodeFallback = std::clamp(word.numberOr(1), 0, 100);
+        break;
+    case "pngblip"_rtf:
+        m_pictureKind = RtfPictures::Kind::Png;
+        break;
+    case "jpegblip"_rtf:
+        m_pictureKind = RtfPictures::Kind::Jpeg;
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace
+
+RtfStatus readRtf(QStringView rtf, RichDocument &document)
+{
+    return Reader(rtf, false, document).read();
+}
+
+RtfStatus readRtf(QByteArrayView rtf, RichDocument &document)
+{
+    return Reader(QString::fromLatin1(rtf), true, document).read();
+}
