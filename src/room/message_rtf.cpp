@@ -1,0 +1,149 @@
+#include "room/message_rtf.h"
+
+#include <cmath>
+
+namespace {
+
+/// A text without its tags, and what they said.
+struct Marked
+{
+    QString text;
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+
+    explicit Marked(const QString &marked)
+        : text(marked),
+          bold(marked.contains(u"<b>")),
+          italic(marked.contains(u"<i>")),
+          underline(marked.contains(u"<u>"))
+    {
+        text.remove(QStringLiteral("<b>")).remove(QStringLiteral("<i>")).remove(QStringLiteral("<u>"));
+    }
+
+    [[nodiscard]] QString words() const
+    {
+        return QString(bold ? QStringLiteral("\\b") : QString()) +
+               (italic ? QStringLiteral("\\i") : QString()) +
+               (underline ? QStringLiteral("\\ul") : QString());
+    }
+};
+
+/// Text of strangers inside RTF: shown as typed, and its line ends are lines of the same message, indented,
+/// so that none can pose as a notice.
+QString shown(const QString &text)
+{
+    QString lines = text;
+    lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+    return EscapeRTF(lines).replace(QStringLiteral("\n"), QStringLiteral("\\line     "));
+}
+
+QString oneLine(const QString &name)
+{
+    QString line = name;
+    return EscapeRTF(
+        line.replace(QStringLiteral("\r\n"), QStringLiteral(" ")).replace(u'\r', u' ').replace(u'\n', u' '));
+}
+
+/// Both placeholders in one pass, so that a name that holds one of them is shown as it is.
+QString filledIn(const QString &rtf, const QString &name, const QString &otherName)
+{
+    QString filled;
+    qsizetype at = 0;
+    for (qsizetype mark = rtf.indexOf(u'%'); mark >= 0; mark = rtf.indexOf(u'%', mark)) {
+        const QStringView candidate = QStringView(rtf).sliced(mark, qMin(qsizetype(3), rtf.size() - mark));
+        const bool user = candidate == u"%U%";
+        if (!user && candidate != u"%O%") {
+            ++mark;
+            continue;
+        }
+        filled += QStringView(rtf).sliced(at, mark - at);
+        filled += u"\\b " + oneLine(user ? name : otherName) + u" \\b0";
+        mark += 3;
+        at = mark;
+    }
+    return filled + QStringView(rtf).sliced(at);
+}
+
+} // namespace
+
+/// The document's beginning with its colour table; entry 1 is black.
+QString MessageRtf::start(std::initializer_list<ColourValue> colours) const
+{
+    QString rtf = u"{\\rtf1\\ansi{\\colortbl;" + RTFColour(0, m_systemColours);
+    for (const ColourValue colour : colours) {
+        rtf += RTFColour(colour, m_systemColours);
+    }
+    return rtf += u'}';
+}
+
+/// Twice the points, rounded to a whole number of points first, halves to the even one.
+QString MessageRtf::size() const
+{
+    return QString::number(2 * std::lrint(m_look.points));
+}
+
+QString MessageRtf::GenerateRTF(const QString &text, MessageKind kind, const QString &name,
+                                bool highlight) const
+{
+    const bool own = kind == MessageKind::Own;
+    const ColourPair nameColours = own ? m_look.ownName : m_look.memberName;
+    ColourPair textColours = own ? m_look.ownText : m_look.memberText;
+    if (!own && highlight) {
+        textColours.background = m_look.highlight;
+    }
+    Marked marked(text);
+    marked.bold = marked.bold || (own && m_look.bold);
+    marked.italic = marked.italic || (own && m_look.italic);
+    marked.underline = marked.underline || (own && m_look.underline);
+    const QString sender = name.isEmpty()
+                               ? QString()
+                               : QString(u"\\cf2\\b\\highlight3 " + oneLine(name) + u": \\b0\\highlight0");
+    return start({nameColours.text, nameColours.background, textColours.text, textColours.background}) +
+           u"{\\pard\\fs" + size() + sender + marked.words() + u"\\cf4\\highlight5 " + shown(marked.text) +
+           u"}}";
+}
+
+QString MessageRtf::GeneratePrivateMsg(const QString &text) const
+{
+    const Marked marked(text);
+    return start({m_look.privateText.text, m_look.privateText.background}) + u"{\\pard\\fs" + size() +
+           marked.words() + u"\\cf2 " + shown(marked.text) + u"}}";
+}
+
+QString MessageRtf::GenerateEmotion(const QString &text, const QString &name, const QString &otherName) const
+{
+    // A digit would become part of the size, and a space would be taken for its end.
+    const bool apart = !text.isEmpty() && (text.front().isDigit() || text.front() == u' ');
+    const QString rtf = start({m_look.emotionName.text, m_look.emotionName.background,
+                               m_look.emotionText.text, m_look.emotionText.background}) +
+                        u"{\\pard\\cf4\\highlight5\\fs" + size() + (apart ? u" " : u"") + shown(text) + u"}}";
+    return filledIn(rtf, name, otherName);
+}
+
+QString MessageRtf::notice(const QString &text, const QString &label,
+                           std::initializer_list<ColourValue> colours) const
+{
+    return start(colours) + u"{\\pard\\cf2\\fs" + size() + u"\\b " + label + u" \\b0 " + shown(text) + u"}}";
+}
+
+QString MessageRtf::GenerateServerMsg(const QString &text, MessageKind kind) const
+{
+    const QString label = QStringLiteral("SERVER:");
+    switch (kind) {
+    case MessageKind::Normal:
+        return notice(text, label, {m_look.normal});
+    case MessageKind::Warning:
+        return notice(text, label, {m_look.warning});
+    case MessageKind::Error:
+        return notice(text, label, {m_look.error});
+    default:
+        return notice(text, label, {});
+    }
+}
+
+QString MessageRtf::GeneratePyloxMsg(const QString &text, MessageKind kind) const
+{
+    const bool offline = kind == MessageKind::MessengerOffline;
+    return notice(text, QStringLiteral("PYLOX:"), {offline ? m_look.warning : m_look.normal});
+}
