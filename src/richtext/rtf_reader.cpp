@@ -109,6 +109,7 @@ private:
     [[nodiscard]] bool obeyCharacter(const ControlWord &word);
     [[nodiscard]] bool obeyParagraph(const ControlWord &word);
     [[nodiscard]] bool obeyText(const ControlWord &word);
+    [[nodiscard]] bool obeyAnywhere(const ControlWord &word);
     void obeyTables(const ControlWord &word);
     void obeyUnicode(qint32 number);
     void chooseFont(qint32 number);
@@ -561,8 +562,7 @@ void Reader::obey(const ControlWord &word)
         m_state.destination = Destination::Skipped;
         return;
     }
-    if (word.hash == "u"_rtf) {
-        obeyUnicode(word.numberOr(0));
+    if (obeyAnywhere(word)) {
         return;
     }
     if (m_state.destination != Destination::Body) {
@@ -725,10 +725,6 @@ bool Reader::obeyText(const ControlWord &word)
             endParagraph(m_state.paragraph);
         }
         return true;
-    case "line"_rtf:
-        takeCharacter(lineBreakCharacter);
-        return true;
-    case "tab"_rtf:
     case "cell"_rtf:
         takeCharacter(u'\t');
         return true;
@@ -752,6 +748,24 @@ bool Reader::obeyText(const ControlWord &word)
         return true;
     case "bullet"_rtf:
         takeCharacter(u'\u2022');
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Characters that are words may be part of a picture's description too.
+bool Reader::obeyAnywhere(const ControlWord &word)
+{
+    switch (word.hash) {
+    case "u"_rtf:
+        obeyUnicode(word.numberOr(0));
+        return true;
+    case "line"_rtf:
+        takeCharacter(lineBreakCharacter);
+        return true;
+    case "tab"_rtf:
+        takeCharacter(u'\t');
         return true;
     default:
         return false;

@@ -108,13 +108,13 @@ QByteArray pngOf(const QSize &size)
 TEST(RtfReader, PicturesAreBoundedBeforeTheyAreDecoded)
 {
     const auto rtf = [](const QByteArray &png) -> QString {
-        return u"{\\rtf1 a{\\pict{\\*\\picprop{\\sp{\\sn wzDescription}{\\sv :\\u8364?\\}}}}\\pngblip "_s +
+        return u"{\\rtf1 a{\\pict{\\*\\picprop{\\sp{\\sn wzDescription}{\\sv :\\u8364?\\tab\\}}}}\\pngblip "_s +
                QString::fromLatin1(png) + u"}b}"_s;
     };
-    EXPECT_EQ(readAndDump(rtf(pngOf({3, 2}))), u"[24]a[24 pic :\u20AC}]\uFFFC[24]b"_s);
-    EXPECT_EQ(readAndDump(rtf(pngOf({5000, 1})), Problem::TooManyPixels), u"[24]a:\u20AC}b"_s)
+    EXPECT_EQ(readAndDump(rtf(pngOf({3, 2}))), u"[24]a[24 pic :\u20AC\t}]\uFFFC[24]b"_s);
+    EXPECT_EQ(readAndDump(rtf(pngOf({5000, 1})), Problem::TooManyPixels), u"[24]a:\u20AC\t}b"_s)
         << "the code stays";
-    EXPECT_EQ(readAndDump(rtf(pngOf({4096, 4000})), Problem::TooManyPixels), u"[24]a:\u20AC}b"_s);
+    EXPECT_EQ(readAndDump(rtf(pngOf({4096, 4000})), Problem::TooManyPixels), u"[24]a:\u20AC\t}b"_s);
 }
 
 /// A document with a bit of everything, different for each seed.
