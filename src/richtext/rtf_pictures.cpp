@@ -19,7 +19,7 @@ std::shared_ptr<const Picture> RtfPictures::decode(const QByteArray &data, Kind 
     digest.addData(data);
     digest.addData(code.toUtf8());
     const QByteArray key = digest.result();
-    if (const auto known = m_known.value(key)) {
+    if (auto known = m_known.value(key)) {
         return known;
     }
     QBuffer buffer;
@@ -40,7 +40,7 @@ std::shared_ptr<const Picture> RtfPictures::decode(const QByteArray &data, Kind 
         return nullptr;
     }
     image = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    const auto picture = std::make_shared<const Picture>(Picture{image, code});
+    auto picture = std::make_shared<const Picture>(Picture{image, code});
     m_known.insert(key, picture);
     return picture;
 }

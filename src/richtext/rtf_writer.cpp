@@ -165,7 +165,7 @@ void RtfWriter::writePicture(QByteArray &out, quint16 number)
     m_pictures.resize(std::max(m_pictures.size(), std::size_t(number) + 1));
     QByteArray &written = m_pictures[number];
     if (written.isEmpty()) {
-        constexpr int twipsPerPixel = 15;
+        constexpr qint64 twipsPerPixel = 15;
         const Picture &picture = m_document.picture(number);
         QBuffer png;
         png.open(QIODevice::WriteOnly);
