@@ -2,10 +2,10 @@
 
 #include "core/attribute_text.h"
 #include "richtext/rtf_code_pages.h"
+#include "richtext/rtf_formats.h"
 #include "richtext/rtf_pictures.h"
+#include "richtext/rtf_tables.h"
 #include "richtext/rtf_words.h"
-
-#include <QHash>
 
 #include <algorithm>
 #include <array>
@@ -15,7 +15,6 @@ namespace {
 
 constexpr std::size_t deepestGroup = 64;
 constexpr qint32 largestNumber = 1'000'000'000;
-constexpr qint32 largestTwips = 31'680; // 22 inches
 
 enum class Destination : quint8
 {
@@ -38,21 +37,6 @@ struct State
     bool hidden = false;
     qint32 unicodeFallback = 1; ///< how many characters stand behind a \u for those who do not know it
     int codePage = 0;           ///< 0: the document's
-};
-
-struct Font
-{
-    quint16 number = 0; ///< in the document
-    int codePage = 0;
-};
-
-struct ControlWord
-{
-    quint32 hash = rtfHashStart;
-    std::optional<qint32> number;
-
-    [[nodiscard]] qint32 numberOr(qint32 other) const { return number.value_or(other); }
-    [[nodiscard]] bool isOn() const { return numberOr(1) != 0; }
 };
 
 /// The characters that end a stretch of plain text: controls, braces, backslash.
@@ -100,30 +84,24 @@ private:
     void skipDeepGroup();
     void readControl();
     void readSymbol();
-    [[nodiscard]] ControlWord readWord();
+    [[nodiscard]] RtfWord readWord();
     void readText();
     void readHexByte();
 
-    void obey(const ControlWord &word);
-    [[nodiscard]] bool obeyDestination(const ControlWord &word);
-    [[nodiscard]] bool obeyCharacter(const ControlWord &word);
-    [[nodiscard]] bool obeyParagraph(const ControlWord &word);
-    [[nodiscard]] bool obeyText(const ControlWord &word);
-    [[nodiscard]] bool obeyAnywhere(const ControlWord &word);
-    void obeyTables(const ControlWord &word);
+    void obey(const RtfWord &word);
+    [[nodiscard]] bool obeyDestination(const RtfWord &word);
+    [[nodiscard]] bool obeyText(const RtfWord &word);
+    [[nodiscard]] bool obeyAnywhere(const RtfWord &word);
+    void obeyOutsideText(const RtfWord &word);
     void obeyUnicode(qint32 number);
     void chooseFont(qint32 number);
-    [[nodiscard]] ColourValue colour(qint32 index) const;
 
     void takeText(QStringView text);
     void takeBodyText(QStringView text);
-    void takeFontNames(QStringView text);
-    void takeColours(QStringView text);
     void takeHex(QStringView text);
     void takeCharacter(char16_t c) { takeText(QStringView(&c, 1)); }
     void append(QStringView text);
     void flushBytes();
-    void finishFont();
     void finishPicture();
     void endParagraph(const ParagraphFormat &format);
     void endDocument();
@@ -149,13 +127,8 @@ private:
     TextFormat m_lastFormat;
     quint16 m_lastFormatNumber = 0;
 
-    std::vector<ColourValue> m_colours;
-    ColourValue m_colour = automaticColour;
-    QHash<qint32, Font> m_fonts;
+    RtfTables m_tables{m_document};
     qint32 m_defaultFont = 0;
-    qint32 m_fontIndex = 0; ///< of the font table's entry that is being read
-    int m_fontCharset = 1;
-    QString m_fontName;
 
     RtfPictures m_pictures;
     RtfPictures::Kind m_pictureKind = RtfPictures::Kind::Other;
@@ -246,7 +219,7 @@ void Reader::closeGroup()
     m_groups.pop_back();
     ++m_at;
     if (inner.destination == Destination::FontTable) {
-        finishFont();
+        m_tables.finishFont();
         if (m_state.destination != Destination::FontTable) {
             chooseFont(m_defaultFont);
         }
@@ -270,7 +243,7 @@ void Reader::readControl()
         readSymbol();
         return;
     }
-    const ControlWord word = readWord();
+    const RtfWord word = readWord();
     if (word.hash == "bin"_rtf) {
         m_at += std::clamp(qsizetype(word.numberOr(0)), qsizetype(0), qsizetype(m_end - m_at));
     } else if (m_toSkip > 0) {
@@ -280,9 +253,9 @@ void Reader::readControl()
     }
 }
 
-ControlWord Reader::readWord()
+RtfWord Reader::readWord()
 {
-    ControlWord word;
+    RtfWord word;
     while (m_at != m_end && isLetter(*m_at)) {
         word.hash = rtfHashStep(word.hash, *m_at++);
     }
@@ -410,10 +383,10 @@ void Reader::takeText(QStringView text)
         takeBodyText(text);
         break;
     case Destination::FontTable:
-        takeFontNames(text);
+        m_tables.takeFontNames(text);
         break;
     case Destination::ColourTable:
-        takeColours(text);
+        m_tables.takeColours(text);
         break;
     case Destination::Picture:
         takeHex(text);
@@ -453,38 +426,6 @@ void Reader::append(QStringView text)
     }
     m_builder.append(text, m_lastFormatNumber);
     m_textParagraph = m_state.paragraph;
-}
-
-void Reader::takeFontNames(QStringView text)
-{
-    for (const QChar c : text) {
-        if (c == u';') {
-            finishFont();
-        } else {
-            m_fontName += c;
-        }
-    }
-}
-
-void Reader::finishFont()
-{
-    if (m_fontIndex < 0) {
-        return;
-    }
-    const int page = m_fontCharset > 1 ? codePageOfCharset(m_fontCharset, 0) : 0;
-    m_fonts.insert(m_fontIndex, {m_document.fontNumber(m_fontName.trimmed()), page});
-    m_fontName.clear();
-    m_fontCharset = 1;
-    m_fontIndex = -1;
-}
-
-void Reader::takeColours(QStringView text)
-{
-    for (const QChar c : text) {
-        if (c == u';') {
-            m_colours.push_back(std::exchange(m_colour, automaticColour));
-        }
-    }
 }
 
 void Reader::takeHex(QStringView text)
@@ -539,20 +480,14 @@ void Reader::endParagraph(const ParagraphFormat &format)
     m_firstParagraph = false;
 }
 
-ColourValue Reader::colour(qint32 index) const
-{
-    return index >= 0 && std::size_t(index) < m_colours.size() ? m_colours[std::size_t(index)]
-                                                               : automaticColour;
-}
-
 void Reader::chooseFont(qint32 number)
 {
-    const Font font = m_fonts.value(number);
+    const RtfTables::Font font = m_tables.font(number);
     m_state.format.font = font.number;
     m_state.codePage = font.codePage;
 }
 
-void Reader::obey(const ControlWord &word)
+void Reader::obey(const RtfWord &word)
 {
     const bool ignorable = std::exchange(m_ignorable, false);
     if (obeyDestination(word)) {
@@ -566,20 +501,21 @@ void Reader::obey(const ControlWord &word)
         return;
     }
     if (m_state.destination != Destination::Body) {
-        obeyTables(word);
+        obeyOutsideText(word);
         return;
     }
-    if (!obeyCharacter(word) && !obeyText(word) && !obeyParagraph(word)) {
-        obeyTables(word);
+    if (!obeyText(word) && !applyToText(word, m_tables, m_state.format) &&
+        !applyToParagraph(word, m_state.paragraph)) {
+        obeyOutsideText(word);
     }
 }
 
-bool Reader::obeyDestination(const ControlWord &word)
+bool Reader::obeyDestination(const RtfWord &word)
 {
     switch (word.hash) {
     case "fonttbl"_rtf:
         m_state.destination = Destination::FontTable;
-        m_fontIndex = -1;
+        m_tables.startFonts();
         return true;
     case "colortbl"_rtf:
         m_state.destination = Destination::ColourTable;
@@ -625,98 +561,20 @@ bool Reader::obeyDestination(const ControlWord &word)
     }
 }
 
-bool Reader::obeyCharacter(const ControlWord &word)
+bool Reader::obeyText(const RtfWord &word)
 {
-    TextFormat &format = m_state.format;
     switch (word.hash) {
-    case "b"_rtf:
-        format.bold = word.isOn();
-        return true;
-    case "i"_rtf:
-        format.italic = word.isOn();
-        return true;
-    case "ul"_rtf:
-    case "uld"_rtf:
-    case "uldb"_rtf:
-    case "ulw"_rtf:
-    case "ulwave"_rtf:
-        format.underline = word.isOn();
-        return true;
-    case "ulnone"_rtf:
-        format.underline = false;
-        return true;
-    case "strike"_rtf:
-        format.strikeOut = word.isOn();
-        return true;
     case "v"_rtf:
         m_state.hidden = word.isOn();
-        return true;
-    case "cf"_rtf:
-        format.colour = colour(word.numberOr(0));
-        return true;
-    case "highlight"_rtf:
-    case "cb"_rtf:
-    case "chcbpat"_rtf:
-        format.background = colour(word.numberOr(0));
-        return true;
-    case "fs"_rtf:
-        format.halfPoints =
-            word.numberOr(0) > 0 ? quint16(std::clamp(*word.number, 2, 3000)) : TextFormat().halfPoints;
         return true;
     case "f"_rtf:
         chooseFont(word.numberOr(0));
         return true;
     case "plain"_rtf:
-        format = TextFormat();
+        m_state.format = TextFormat();
         m_state.hidden = false;
         chooseFont(m_defaultFont);
         return true;
-    default:
-        return false;
-    }
-}
-
-bool Reader::obeyParagraph(const ControlWord &word)
-{
-    ParagraphFormat &paragraph = m_state.paragraph;
-    const qint32 twips = std::clamp(word.numberOr(0), -largestTwips, largestTwips);
-    using Alignment = ParagraphFormat::Alignment;
-    switch (word.hash) {
-    case "pard"_rtf:
-        paragraph = ParagraphFormat();
-        return true;
-    case "sb"_rtf:
-        paragraph.spaceBefore = qMax(twips, 0);
-        return true;
-    case "sa"_rtf:
-        paragraph.spaceAfter = qMax(twips, 0);
-        return true;
-    case "li"_rtf:
-        paragraph.leftIndent = qMax(twips, 0);
-        return true;
-    case "fi"_rtf:
-        paragraph.firstLineIndent = twips;
-        return true;
-    case "ql"_rtf:
-        paragraph.alignment = Alignment::Left;
-        return true;
-    case "qc"_rtf:
-        paragraph.alignment = Alignment::Centre;
-        return true;
-    case "qr"_rtf:
-        paragraph.alignment = Alignment::Right;
-        return true;
-    case "qj"_rtf:
-        paragraph.alignment = Alignment::Justified;
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool Reader::obeyText(const ControlWord &word)
-{
-    switch (word.hash) {
     case "par"_rtf:
     case "sect"_rtf:
     case "page"_rtf:
@@ -755,7 +613,7 @@ bool Reader::obeyText(const ControlWord &word)
 }
 
 /// Characters that are words may be part of a picture's description too.
-bool Reader::obeyAnywhere(const ControlWord &word)
+bool Reader::obeyAnywhere(const RtfWord &word)
 {
     switch (word.hash) {
     case "u"_rtf:
@@ -781,30 +639,10 @@ void Reader::obeyUnicode(qint32 number)
     m_toSkip = m_state.unicodeFallback;
 }
 
-/// What the tables are made of, and what holds for the whole document.
-void Reader::obeyTables(const ControlWord &word)
+/// What holds for the whole document, and what tables and pictures are made of.
+void Reader::obeyOutsideText(const RtfWord &word)
 {
-    const auto component = static_cast<ColourValue>(std::clamp(word.numberOr(0), 0, 255));
-    const auto setComponent = [&](unsigned shift) {
-        const ColourValue before = m_colour == automaticColour ? 0 : m_colour;
-        m_colour = (before & ~(0xFFU << shift)) | (component << shift);
-    };
     switch (word.hash) {
-    case "red"_rtf:
-        setComponent(0);
-        break;
-    case "green"_rtf:
-        setComponent(8);
-        break;
-    case "blue"_rtf:
-        setComponent(16);
-        break;
-    case "f"_rtf:
-        m_fontIndex = qMax(word.numberOr(0), 0);
-        break;
-    case "fcharset"_rtf:
-        m_fontCharset = word.numberOr(1);
-        break;
     case "deff"_rtf:
         m_defaultFont = word.numberOr(0);
         break;
@@ -830,7 +668,7 @@ void Reader::obeyTables(const ControlWord &word)
         m_pictureKind = RtfPictures::Kind::Jpeg;
         break;
     default:
-        break;
+        m_tables.apply(word);
     }
 }
 

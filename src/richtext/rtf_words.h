@@ -2,6 +2,7 @@
 
 #include <QtGlobal>
 
+#include <optional>
 #include <string_view>
 
 /// Control words are told apart by a hash of their letters, computed while they are read. A switch over these
@@ -21,3 +22,13 @@ constexpr quint32 operator""_rtf(const char *word, std::size_t size)
     }
     return hash;
 }
+
+/// A control word as it was read: \name or \name123.
+struct RtfWord
+{
+    quint32 hash = rtfHashStart;
+    std::optional<qint32> number;
+
+    [[nodiscard]] qint32 numberOr(qint32 other) const { return number.value_or(other); }
+    [[nodiscard]] bool isOn() const { return numberOr(1) != 0; }
+};
