@@ -84,3 +84,51 @@ bool applyToParagraph(const RtfWord &word, ParagraphFormat &paragraph)
         return false;
     }
 }
+
+bool isPassedOver(const RtfWord &word)
+{
+    switch (word.hash) {
+    case "stylesheet"_rtf:
+    case "info"_rtf:
+    case "header"_rtf:
+    case "headerl"_rtf:
+    case "headerr"_rtf:
+    case "headerf"_rtf:
+    case "footer"_rtf:
+    case "footerl"_rtf:
+    case "footerr"_rtf:
+    case "footerf"_rtf:
+    case "footnote"_rtf:
+    case "fldinst"_rtf:
+    case "objdata"_rtf:
+    case "nonshppict"_rtf:
+    case "listtext"_rtf:
+    case "xe"_rtf:
+    case "tc"_rtf:
+        return true;
+    default:
+        return false;
+    }
+}
+
+char16_t characterOf(const RtfWord &word)
+{
+    switch (word.hash) {
+    case "emdash"_rtf:
+        return u'\u2014';
+    case "endash"_rtf:
+        return u'\u2013';
+    case "lquote"_rtf:
+        return u'\u2018';
+    case "rquote"_rtf:
+        return u'\u2019';
+    case "ldblquote"_rtf:
+        return u'\u201C';
+    case "rdblquote"_rtf:
+        return u'\u201D';
+    case "bullet"_rtf:
+        return u'\u2022';
+    default:
+        return 0;
+    }
+}

@@ -9,3 +9,9 @@
 
 [[nodiscard]] bool applyToText(const RtfWord &word, const RtfTables &tables, TextFormat &format);
 [[nodiscard]] bool applyToParagraph(const RtfWord &word, ParagraphFormat &paragraph);
+
+/// True for the destinations whose text is no part of what is shown.
+[[nodiscard]] bool isPassedOver(const RtfWord &word);
+
+/// The character that the word stands for; 0 for none.
+[[nodiscard]] char16_t characterOf(const RtfWord &word);

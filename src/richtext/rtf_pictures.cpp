@@ -10,21 +10,69 @@ constexpr int longestSide = 4096;
 
 } // namespace
 
-std::shared_ptr<const Picture> RtfPictures::decode(const QByteArray &data, Kind kind, const QString &code)
+int hexValue(char16_t c)
 {
-    if (kind == Kind::Other || data.isEmpty()) {
+    if (c >= u'0' && c <= u'9') {
+        return c - u'0';
+    }
+    const char16_t lower = c | 0x20;
+    return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
+}
+
+void RtfPictures::start()
+{
+    m_kind = Kind::Other;
+    m_data.clear();
+    m_halfByte = -1;
+    m_code.clear();
+}
+
+void RtfPictures::takeHex(QStringView text)
+{
+    for (const QChar c : text) {
+        const int value = hexValue(c.unicode());
+        if (value < 0) {
+            continue;
+        }
+        if (m_halfByte < 0) {
+            m_halfByte = value;
+        } else {
+            m_data.append(static_cast<char>(m_halfByte * 16 + value));
+            m_halfByte = -1;
+        }
+    }
+}
+
+void RtfPictures::takePropertyValue(QStringView text)
+{
+    m_propertyValue += text;
+    if (m_propertyName == u"wzDescription") {
+        m_code = m_propertyValue;
+    }
+}
+
+RtfPictures::Finished RtfPictures::finish()
+{
+    Finished finished{decode(), m_code};
+    start();
+    return finished;
+}
+
+std::shared_ptr<const Picture> RtfPictures::decode()
+{
+    if (m_kind == Kind::Other || m_data.isEmpty()) {
         return nullptr;
     }
     QCryptographicHash digest(QCryptographicHash::Sha1);
-    digest.addData(data);
-    digest.addData(code.toUtf8());
+    digest.addData(m_data);
+    digest.addData(m_code.toUtf8());
     const QByteArray key = digest.result();
     if (auto known = m_known.value(key)) {
         return known;
     }
     QBuffer buffer;
-    buffer.setData(data);
-    QImageReader reader(&buffer, kind == Kind::Png ? "png" : "jpeg");
+    buffer.setData(m_data);
+    QImageReader reader(&buffer, m_kind == Kind::Png ? "png" : "jpeg");
     const QSize size = reader.size(); // from the header
     if (size.isEmpty()) {
         return nullptr;
@@ -40,7 +88,7 @@ std::shared_ptr<const Picture> RtfPictures::decode(const QByteArray &data, Kind 
         return nullptr;
     }
     image = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    auto picture = std::make_shared<const Picture>(Picture{image, code});
+    auto picture = std::make_shared<const Picture>(Picture{image, m_code});
     m_known.insert(key, picture);
     return picture;
 }

@@ -7,8 +7,11 @@
 
 #include <memory>
 
-/// Turns the picture data of one RTF text into pictures. The same data gives the same picture, and what a
-/// picture would take is looked at before it is decoded.
+/// The value of a hexadecimal digit; -1 for any other character.
+[[nodiscard]] int hexValue(char16_t c);
+
+/// The pictures of one RTF text. The data of one is collected, with its description, and decoded at its end.
+/// The same data gives the same picture, and what a picture would take is looked at before it is decoded.
 class RtfPictures
 {
 public:
@@ -19,14 +22,36 @@ public:
         Jpeg
     };
 
-    /// Null for other kinds, for data that is no such picture, and for a picture that is too large.
-    [[nodiscard]] std::shared_ptr<const Picture> decode(const QByteArray &data, Kind kind,
-                                                        const QString &code);
+    /// A picture without data; what was collected for another one is dropped.
+    void start();
+    void setKind(Kind kind) { m_kind = kind; }
+    void takeHex(QStringView text);
+
+    /// A property's name, or its value, begins. The value of "wzDescription" is the code that the picture
+    /// stands for.
+    void startProperty(bool name) { (name ? m_propertyName : m_propertyValue).clear(); }
+    void takePropertyName(QStringView text) { m_propertyName += text; }
+    void takePropertyValue(QStringView text);
+
+    struct Finished
+    {
+        std::shared_ptr<const Picture> picture; ///< null for one that cannot be shown
+        QString code;
+    };
+    [[nodiscard]] Finished finish();
 
     /// True when a picture was refused for its size.
     [[nodiscard]] bool refusedAny() const { return m_refusedAny; }
 
 private:
+    [[nodiscard]] std::shared_ptr<const Picture> decode();
+
+    Kind m_kind = Kind::Other;
+    QByteArray m_data;
+    int m_halfByte = -1; ///< the first digit of a byte; -1 when the next digit is one
+    QString m_propertyName;
+    QString m_propertyValue;
+    QString m_code;
     QHash<QByteArray, std::shared_ptr<const Picture>> m_known; ///< by a digest of data and code
     qint64 m_pixelsLeft = 16'000'000;
     bool m_refusedAny = false;

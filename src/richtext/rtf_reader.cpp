@@ -54,15 +54,6 @@ bool isLetter(char16_t c)
     return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
 }
 
-int hexValue(char16_t c)
-{
-    if (c >= u'0' && c <= u'9') {
-        return c - u'0';
-    }
-    const char16_t lower = c | 0x20;
-    return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
-}
-
 class Reader
 {
 public:
@@ -98,7 +89,6 @@ private:
 
     void takeText(QStringView text);
     void takeBodyText(QStringView text);
-    void takeHex(QStringView text);
     void takeCharacter(char16_t c) { takeText(QStringView(&c, 1)); }
     void append(QStringView text);
     void flushBytes();
@@ -131,12 +121,6 @@ private:
     qint32 m_defaultFont = 0;
 
     RtfPictures m_pictures;
-    RtfPictures::Kind m_pictureKind = RtfPictures::Kind::Other;
-    QByteArray m_pictureData;
-    int m_halfByte = -1;
-    QString m_propertyName;
-    QString m_propertyValue;
-    QString m_pictureCode;
 };
 
 void Reader::note(Problem problem)
@@ -225,8 +209,6 @@ void Reader::closeGroup()
         }
     } else if (inner.destination == Destination::Picture && m_state.destination != Destination::Picture) {
         finishPicture();
-    } else if (inner.destination == Destination::PropertyValue && m_propertyName == u"wzDescription") {
-        m_pictureCode = m_propertyValue;
     }
 }
 
@@ -389,13 +371,13 @@ void Reader::takeText(QStringView text)
         m_tables.takeColours(text);
         break;
     case Destination::Picture:
-        takeHex(text);
+        m_pictures.takeHex(text);
         break;
     case Destination::PropertyName:
-        m_propertyName += text;
+        m_pictures.takePropertyName(text);
         break;
     case Destination::PropertyValue:
-        m_propertyValue += text;
+        m_pictures.takePropertyValue(text);
         break;
     case Destination::Skipped:
     case Destination::PictureProperties:
@@ -428,32 +410,13 @@ void Reader::append(QStringView text)
     m_textParagraph = m_state.paragraph;
 }
 
-void Reader::takeHex(QStringView text)
-{
-    for (const QChar c : text) {
-        const int value = hexValue(c.unicode());
-        if (value < 0) {
-            continue;
-        }
-        if (m_halfByte < 0) {
-            m_halfByte = value;
-        } else {
-            m_pictureData.append(static_cast<char>(m_halfByte * 16 + value));
-            m_halfByte = -1;
-        }
-    }
-}
-
 /// A picture that cannot be shown leaves the code that it stands for.
 void Reader::finishPicture()
 {
-    const QString code = std::exchange(m_pictureCode, {});
-    const QByteArray data = std::exchange(m_pictureData, {});
-    m_halfByte = -1;
+    const auto [picture, code] = m_pictures.finish();
     if (m_state.destination != Destination::Body || m_state.hidden) {
         return;
     }
-    const auto picture = m_pictures.decode(data, m_pictureKind, code);
     const quint16 number = picture ? m_document.pictureNumber(picture) : quint16(0);
     if (number == 0) {
         takeBodyText(code);
@@ -522,7 +485,7 @@ bool Reader::obeyDestination(const RtfWord &word)
         return true;
     case "pict"_rtf:
         m_state.destination = Destination::Picture;
-        m_pictureKind = RtfPictures::Kind::Other;
+        m_pictures.start();
         return true;
     case "picprop"_rtf:
         m_state.destination = Destination::PictureProperties;
@@ -532,31 +495,16 @@ bool Reader::obeyDestination(const RtfWord &word)
         if (m_state.destination == Destination::PictureProperties) {
             const bool name = word.hash == "sn"_rtf;
             m_state.destination = name ? Destination::PropertyName : Destination::PropertyValue;
-            (name ? m_propertyName : m_propertyValue).clear();
+            m_pictures.startProperty(name);
         }
         return true;
     case "shppict"_rtf: // the picture inside is as good as any
         return true;
-    case "stylesheet"_rtf:
-    case "info"_rtf:
-    case "header"_rtf:
-    case "headerl"_rtf:
-    case "headerr"_rtf:
-    case "headerf"_rtf:
-    case "footer"_rtf:
-    case "footerl"_rtf:
-    case "footerr"_rtf:
-    case "footerf"_rtf:
-    case "footnote"_rtf:
-    case "fldinst"_rtf:
-    case "objdata"_rtf:
-    case "nonshppict"_rtf:
-    case "listtext"_rtf:
-    case "xe"_rtf:
-    case "tc"_rtf:
-        m_state.destination = Destination::Skipped;
-        return true;
     default:
+        if (isPassedOver(word)) {
+            m_state.destination = Destination::Skipped;
+            return true;
+        }
         return false;
     }
 }
@@ -586,28 +534,11 @@ bool Reader::obeyText(const RtfWord &word)
     case "cell"_rtf:
         takeCharacter(u'\t');
         return true;
-    case "emdash"_rtf:
-        takeCharacter(u'\u2014');
-        return true;
-    case "endash"_rtf:
-        takeCharacter(u'\u2013');
-        return true;
-    case "lquote"_rtf:
-        takeCharacter(u'\u2018');
-        return true;
-    case "rquote"_rtf:
-        takeCharacter(u'\u2019');
-        return true;
-    case "ldblquote"_rtf:
-        takeCharacter(u'\u201C');
-        return true;
-    case "rdblquote"_rtf:
-        takeCharacter(u'\u201D');
-        return true;
-    case "bullet"_rtf:
-        takeCharacter(u'\u2022');
-        return true;
     default:
+        if (const char16_t character = characterOf(word)) {
+            takeCharacter(character);
+            return true;
+        }
         return false;
     }
 }
@@ -662,10 +593,10 @@ void Reader::obeyOutsideText(const RtfWord &word)
         m_state.unicodeFallback = std::clamp(word.numberOr(1), 0, 100);
         break;
     case "pngblip"_rtf:
-        m_pictureKind = RtfPictures::Kind::Png;
+        m_pictures.setKind(RtfPictures::Kind::Png);
         break;
     case "jpegblip"_rtf:
-        m_pictureKind = RtfPictures::Kind::Jpeg;
+        m_pictures.setKind(RtfPictures::Kind::Jpeg);
         break;
     default:
         m_tables.apply(word);
