@@ -4,6 +4,7 @@
 #include "richtext/rtf_code_pages.h"
 #include "richtext/rtf_formats.h"
 #include "richtext/rtf_pictures.h"
+#include "richtext/rtf_state.h"
 #include "richtext/rtf_tables.h"
 #include "richtext/rtf_words.h"
 
@@ -15,29 +16,6 @@ namespace {
 
 constexpr std::size_t deepestGroup = 64;
 constexpr qint32 largestNumber = 1'000'000'000;
-
-enum class Destination : quint8
-{
-    Body,
-    Skipped,
-    FontTable,
-    ColourTable,
-    Picture,
-    PictureProperties,
-    PropertyName,
-    PropertyValue,
-};
-
-/// What a group inherits and gives back at its end.
-struct State
-{
-    TextFormat format;
-    ParagraphFormat paragraph;
-    Destination destination = Destination::Body;
-    bool hidden = false;
-    qint32 unicodeFallback = 1; ///< how many characters stand behind a \u for those who do not know it
-    int codePage = 0;           ///< 0: the document's
-};
 
 /// The characters that end a stretch of plain text: controls, braces, backslash.
 constexpr auto isSpecial = [] {
@@ -53,6 +31,9 @@ bool isLetter(char16_t c)
 {
     return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
 }
+
+using Destination = RtfDestination;
+using State = RtfState;
 
 class Reader
 {
