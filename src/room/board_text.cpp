@@ -1,46 +1,13 @@
 #include "room/board_text.h"
 
 #include "core/attribute_text.h"
+#include "room/message_text.h"
 
 namespace {
 
-QString oneLine(QString name)
+QString indentedLines(const QString &text)
 {
-    return name.replace(QStringLiteral("\r\n"), QStringLiteral(" "))
-        .replace(u'\r', u' ')
-        .replace(u'\n', u' ');
-}
-
-QString indentedLines(QString text)
-{
-    return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
-        .replace(u'\r', u'\n')
-        .replace(QStringLiteral("\n"), QStringLiteral("\n    "));
-}
-
-QString withoutTags(QString text)
-{
-    for (const auto &tag : {QStringLiteral("<b>"), QStringLiteral("<i>"), QStringLiteral("<u>")}) {
-        text.remove(tag);
-    }
-    return text;
-}
-
-/// Both placeholders in one pass, so that a name that holds one is shown as it is.
-QString filledIn(const QString &text, const QString &name, const QString &otherName)
-{
-    QString filled;
-    for (qsizetype at = 0; at < text.size(); ++at) {
-        const QStringView rest = QStringView(text).sliced(at);
-        const bool user = rest.startsWith(u"%U%");
-        if (user || rest.startsWith(u"%O%")) {
-            filled += user ? name : otherName;
-            at += 2;
-        } else {
-            filled += text[at];
-        }
-    }
-    return filled;
+    return withLineFeeds(text).replace(QStringLiteral("\n"), QStringLiteral("\n    "));
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "room/message_rtf.h"
 
+#include "room/message_text.h"
+
 #include <cmath>
 
 namespace {
@@ -13,13 +15,11 @@ struct Marked
     bool underline = false;
 
     explicit Marked(const QString &marked)
-        : text(marked),
+        : text(withoutTags(marked)),
           bold(marked.contains(u"<b>")),
           italic(marked.contains(u"<i>")),
           underline(marked.contains(u"<u>"))
-    {
-        text.remove(QStringLiteral("<b>")).remove(QStringLiteral("<i>")).remove(QStringLiteral("<u>"));
-    }
+    {}
 
     [[nodiscard]] QString words() const
     {
@@ -33,36 +33,12 @@ struct Marked
 /// so that none can pose as a notice.
 QString shown(const QString &text)
 {
-    QString lines = text;
-    lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-    return EscapeRTF(lines).replace(QStringLiteral("\n"), QStringLiteral("\\line     "));
+    return EscapeRTF(withLineFeeds(text)).replace(QStringLiteral("\n"), QStringLiteral("\\line     "));
 }
 
-QString oneLine(const QString &name)
+QString boldName(const QString &name)
 {
-    QString line = name;
-    return EscapeRTF(
-        line.replace(QStringLiteral("\r\n"), QStringLiteral(" ")).replace(u'\r', u' ').replace(u'\n', u' '));
-}
-
-/// Both placeholders in one pass, so that a name that holds one of them is shown as it is.
-QString filledIn(const QString &rtf, const QString &name, const QString &otherName)
-{
-    QString filled;
-    qsizetype at = 0;
-    for (qsizetype mark = rtf.indexOf(u'%'); mark >= 0; mark = rtf.indexOf(u'%', mark)) {
-        const QStringView candidate = QStringView(rtf).sliced(mark, qMin(qsizetype(3), rtf.size() - mark));
-        const bool user = candidate == u"%U%";
-        if (!user && candidate != u"%O%") {
-            ++mark;
-            continue;
-        }
-        filled += QStringView(rtf).sliced(at, mark - at);
-        filled += u"\\b " + oneLine(user ? name : otherName) + u" \\b0";
-        mark += 3;
-        at = mark;
-    }
-    return filled + QStringView(rtf).sliced(at);
+    return u"\\b " + EscapeRTF(oneLine(name)) + u" \\b0";
 }
 
 } // namespace
@@ -96,9 +72,9 @@ QString MessageRtf::GenerateRTF(const QString &text, MessageKind kind, const QSt
     marked.bold = marked.bold || (own && m_look.bold);
     marked.italic = marked.italic || (own && m_look.italic);
     marked.underline = marked.underline || (own && m_look.underline);
-    const QString sender = name.isEmpty()
-                               ? QString()
-                               : QString(u"\\cf2\\b\\highlight3 " + oneLine(name) + u": \\b0\\highlight0");
+    const QString sender =
+        name.isEmpty() ? QString()
+                       : QString(u"\\cf2\\b\\highlight3 " + EscapeRTF(oneLine(name)) + u": \\b0\\highlight0");
     return start({nameColours.text, nameColours.background, textColours.text, textColours.background}) +
            u"{\\pard\\fs" + size() + sender + marked.words() + u"\\cf4\\highlight5 " + shown(marked.text) +
            u"}}";
@@ -118,7 +94,7 @@ QString MessageRtf::GenerateEmotion(const QString &text, const QString &name, co
     const QString rtf = start({m_look.emotionName.text, m_look.emotionName.background,
                                m_look.emotionText.text, m_look.emotionText.background}) +
                         u"{\\pard\\cf4\\highlight5\\fs" + size() + (apart ? u" " : u"") + shown(text) + u"}}";
-    return filledIn(rtf, name, otherName);
+    return filledIn(rtf, boldName(name), boldName(otherName));
 }
 
 QString MessageRtf::notice(const QString &text, const QString &label,
