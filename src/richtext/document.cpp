@@ -165,6 +165,13 @@ RichDocument::Place RichDocument::placeOf(qsizetype position) const
 
 qsizetype RichDocument::positionOf(qsizetype index) const
 {
+    if (index > paragraphCount() / 2) {
+        qsizetype position = m_length + 1;
+        for (qsizetype behind = paragraphCount() - 1; behind >= index; --behind) {
+            position -= paragraph(behind).length() + 1;
+        }
+        return position;
+    }
     qsizetype position = 0;
     for (qsizetype before = 0; before < index; ++before) {
         position += paragraph(before).length() + 1;
@@ -248,6 +255,27 @@ void RichDocument::insert(qsizetype position, const RichDocument &other)
     replace(place.paragraph, 1, std::move(made));
 }
 
+void RichDocument::append(const RichDocument &other)
+{
+    if (&other == this) {
+        append(copy(0, m_length));
+        return;
+    }
+    DocumentImport import(*this, other);
+    ParagraphBuilder builder;
+    bool replaces = paragraphCount() == 1 && m_length == 0;
+    for (const Paragraph &one : other.m_paragraphs) {
+        builder.append(one, 0, one.length(), std::ref(import));
+        Paragraph made = builder.take(import.paragraphFormat(one));
+        if (replaces) {
+            replaceLast(std::move(made));
+        } else {
+            appendParagraph(std::move(made));
+        }
+        replaces = false;
+    }
+}
+
 void RichDocument::remove(qsizetype from, qsizetype to)
 {
     if (from >= to) {
@@ -262,6 +290,35 @@ void RichDocument::remove(qsizetype from, qsizetype to)
     std::vector<Paragraph> made;
     made.push_back(builder.take(paragraph(first.paragraph).format()));
     replace(first.paragraph, last.paragraph - first.paragraph + 1, std::move(made));
+}
+
+void RichDocument::putPictures(const std::vector<PicturePlace> &places)
+{
+    const auto same = [](const Run &run) { return run; };
+    ParagraphBuilder builder;
+    auto place = places.begin();
+    qsizetype start = 0;
+    for (std::size_t index = 0; index < m_paragraphs.size() && place != places.end(); ++index) {
+        Paragraph &one = m_paragraphs[index];
+        const qsizetype length = one.length();
+        if (place->position < start + length) {
+            qsizetype done = 0;
+            auto run = one.runs().begin();
+            for (; place != places.end() && place->position < start + length; ++place) {
+                const qsizetype at = place->position - start;
+                builder.append(one, done, at, same);
+                while (qsizetype(run->end) <= at) {
+                    ++run;
+                }
+                builder.appendPicture(place->picture, run->format);
+                done = at + place->length;
+                m_length -= place->length - 1;
+            }
+            builder.append(one, done, length, same);
+            one = builder.take(one.format());
+        }
+        start += length + 1;
+    }
 }
 
 RichDocument RichDocument::copy(qsizetype from, qsizetype to) const

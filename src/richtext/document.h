@@ -7,15 +7,20 @@
 #include <QImage>
 #include <QStringList>
 
+#include <compare>
 #include <functional>
 #include <memory>
 #include <vector>
 
-/// A picture in a text. It carries the code that it stands for, so that copying as text gives the code back.
+/// A picture in a text. It carries the code that it stands for, so that copying as text gives the code back,
+/// and a name for those who hear the text instead of seeing it.
 struct Picture
 {
     QImage image;
     QString code;
+    QString name = {}; ///< empty: the code will do
+
+    [[nodiscard]] const QString &spoken() const { return name.isEmpty() ? code : name; }
 };
 
 /// Rich text: paragraphs of runs, and the tables that runs refer to. There is always at least one paragraph.
@@ -67,7 +72,22 @@ public:
     /// there, and what stood behind the position follows its last one.
     void insert(qsizetype position, const RichDocument &other);
 
+    /// Puts the whole of another document behind the last paragraph, as paragraphs of their own; in the place
+    /// of an only paragraph that is empty.
+    void append(const RichDocument &other);
+
     void remove(qsizetype from, qsizetype to);
+
+    /// A stretch of one paragraph that a picture takes the place of.
+    struct PicturePlace
+    {
+        qsizetype position;
+        qsizetype length;
+        quint16 picture; ///< its number here
+    };
+    /// All at once; the places are in order and apart from each other. Pictures look like the first of the
+    /// characters that they replace.
+    void putPictures(const std::vector<PicturePlace> &places);
 
     /// The part between two positions, as a document.
     [[nodiscard]] RichDocument copy(qsizetype from, qsizetype to) const;
@@ -82,10 +102,18 @@ public:
     {
         qsizetype paragraph = 0;
         qsizetype offset = 0; ///< in the paragraph
+
+        friend auto operator<=>(const Place &, const Place &) = default;
     };
     /// Positions outside the text are taken as its nearest end.
     [[nodiscard]] Place placeOf(qsizetype position) const;
+    /// Where a paragraph starts.
     [[nodiscard]] qsizetype positionOf(qsizetype paragraph) const;
+    [[nodiscard]] qsizetype positionOf(Place place) const
+    {
+        return positionOf(place.paragraph) + place.offset;
+    }
+    [[nodiscard]] Place end() const { return {paragraphCount() - 1, m_paragraphs.back().length()}; }
 
 private:
     friend class DocumentImport;

@@ -4,9 +4,13 @@
 #include <QCryptographicHash>
 #include <QImageReader>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int longestSide = 4096;
+constexpr int twipsPerPixel = 15;
+constexpr double finestRatio = 4;
 
 } // namespace
 
@@ -22,6 +26,7 @@ int hexValue(char16_t c)
 void RtfPictures::start()
 {
     m_kind = Kind::Other;
+    m_widthOnPaper = 0;
     m_data.clear();
     m_halfByte = -1;
     m_code.clear();
@@ -66,6 +71,7 @@ std::shared_ptr<const Picture> RtfPictures::decode()
     QCryptographicHash digest(QCryptographicHash::Sha1);
     digest.addData(m_data);
     digest.addData(m_code.toUtf8());
+    digest.addData(QByteArray::number(m_widthOnPaper));
     const QByteArray key = digest.result();
     if (auto known = m_known.value(key)) {
         return known;
@@ -88,7 +94,11 @@ std::shared_ptr<const Picture> RtfPictures::decode()
         return nullptr;
     }
     image = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    auto picture = std::make_shared<const Picture>(Picture{image, m_code});
+    if (m_widthOnPaper > 0) {
+        const double ratio = static_cast<double>(image.width()) * twipsPerPixel / m_widthOnPaper;
+        image.setDevicePixelRatio(std::clamp(ratio, 1.0, finestRatio));
+    }
+    auto picture = std::make_shared<const Picture>(Picture{image, m_code, {}});
     m_known.insert(key, picture);
     return picture;
 }

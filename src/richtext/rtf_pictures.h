@@ -25,6 +25,8 @@ public:
     /// A picture without data; what was collected for another one is dropped.
     void start();
     void setKind(Kind kind) { m_kind = kind; }
+    /// In twips. A picture with more pixels than a screen has there is one for finer screens.
+    void setWidthOnPaper(qint32 twips) { m_widthOnPaper = twips; }
     void takeHex(QStringView text);
 
     /// A property's name, or its value, begins. The value of "wzDescription" is the code that the picture
@@ -47,6 +49,7 @@ private:
     [[nodiscard]] std::shared_ptr<const Picture> decode();
 
     Kind m_kind = Kind::Other;
+    qint32 m_widthOnPaper = 0; ///< 0: not said
     QByteArray m_data;
     int m_halfByte = -1; ///< the first digit of a byte; -1 when the next digit is one
     QString m_propertyName;

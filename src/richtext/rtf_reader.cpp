@@ -576,6 +576,9 @@ void Reader::obeyOutsideText(const RtfWord &word)
     case "pngblip"_rtf:
         m_pictures.setKind(RtfPictures::Kind::Png);
         break;
+    case "picwgoal"_rtf:
+        m_pictures.setWidthOnPaper(word.numberOr(0));
+        break;
     case "jpegblip"_rtf:
         m_pictures.setKind(RtfPictures::Kind::Jpeg);
         break;

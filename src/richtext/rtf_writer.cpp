@@ -3,6 +3,7 @@
 #include <QBuffer>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -87,8 +88,9 @@ qsizetype RtfWriter::colourIndex(ColourValue colour) const
 
 QByteArray RtfWriter::header() const
 {
-    QByteArray out = "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0{\\fonttbl";
-    for (qsizetype number = 0; number < m_document.fonts().size(); ++number) {
+    // Font 0 is none, and is left out: others would make a font of that name.
+    QByteArray out = "{\\rtf1\\ansi\\ansicpg1252\\uc1{\\fonttbl";
+    for (qsizetype number = 1; number < m_document.fonts().size(); ++number) {
         appendNumber(out, "{\\f", number);
         out += "\\fnil ";
         appendText(out, m_document.fonts()[number]);
@@ -145,7 +147,9 @@ void RtfWriter::writeParagraph(QByteArray &out, const Paragraph &paragraph)
 void RtfWriter::writeFormat(QByteArray &out, const TextFormat &format)
 {
     out += "\\plain";
-    appendNumber(out, "\\f", format.font);
+    if (format.font != 0) {
+        appendNumber(out, "\\f", format.font);
+    }
     appendNumber(out, "\\fs", format.halfPoints);
     if (format.colour != automaticColour) {
         appendNumber(out, "\\cf", colourIndex(format.colour));
@@ -167,6 +171,7 @@ void RtfWriter::writePicture(QByteArray &out, quint16 number)
     if (written.isEmpty()) {
         constexpr qint64 twipsPerPixel = 15;
         const Picture &picture = m_document.picture(number);
+        const QSizeF size = picture.image.deviceIndependentSize() * twipsPerPixel;
         QBuffer png;
         png.open(QIODevice::WriteOnly);
         picture.image.save(&png, "PNG");
@@ -175,8 +180,8 @@ void RtfWriter::writePicture(QByteArray &out, quint16 number)
         written += "}}}\\pngblip";
         appendNumber(written, "\\picw", picture.image.width());
         appendNumber(written, "\\pich", picture.image.height());
-        appendNumber(written, "\\picwgoal", picture.image.width() * twipsPerPixel);
-        appendNumber(written, "\\pichgoal", picture.image.height() * twipsPerPixel);
+        appendNumber(written, "\\picwgoal", std::lround(size.width()));
+        appendNumber(written, "\\pichgoal", std::lround(size.height()));
         written += ' ' + png.data().toHex() + '}';
     }
     out += written;
