@@ -7,6 +7,7 @@
 #include "core/application_folder.h"
 #include "platform/addresses.h"
 #include "platform/prompts.h"
+#include "platform/rich_edit.h"
 #include "room/frmMain.h"
 
 #include <QApplication>
@@ -15,7 +16,6 @@
 #include <QFile>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTimer>
 
@@ -43,7 +43,7 @@ public:
     ScriptedUser(Program &program, const QDir &out)
         : m_program(program),
           m_out(out),
-          m_board(program.window()->findChild<QPlainTextEdit *>(QStringLiteral("rtfMsgs"))),
+          m_board(program.window()->findChild<RichEdit *>(QStringLiteral("rtfMsgs"))),
           m_text(program.window()->findChild<QLineEdit *>(QStringLiteral("rtfText")))
     {}
 
@@ -138,7 +138,7 @@ private:
 
     Program &m_program;
     QDir m_out;
-    QPlainTextEdit *m_board;
+    RichEdit *m_board;
     QLineEdit *m_text;
 };
 

@@ -21,7 +21,8 @@ Program::Program(const QString &applicationFolder, const CommandLine &commandLin
       m_prompts(prompts),
       m_clock(clock),
       m_addresses(addresses),
-      m_myApp(applicationFolder)
+      m_myApp(applicationFolder),
+      m_emoticons(m_myApp.Path())
 {}
 
 Program::~Program() = default;
@@ -78,8 +79,10 @@ bool Program::retrieveDetails()
 
 void Program::showRoom()
 {
-    m_window = std::make_unique<frmMain>(m_state, m_options, *m_link, m_prompts, m_commandLine);
+    m_window = std::make_unique<frmMain>(m_state, m_options, *m_link, m_prompts, m_commandLine, m_emoticons);
     connect(m_window.get(), &frmMain::exited, this, &Program::ended);
+    connect(m_window.get(), &frmMain::addressActivated, this,
+            [this](const QUrl &address) { m_addresses.open(address); });
     connect(m_window.get(), &frmMain::helpRequested, this, [this](const QString &anchor) {
         ShowHelp(anchor, m_settings, pagesFolder(QCoreApplication::applicationDirPath()), m_addresses);
     });

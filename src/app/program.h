@@ -5,6 +5,7 @@
 #include "core/command_line.h"
 #include "core/options.h"
 #include "core/shared_state.h"
+#include "emotions/emoticon_file.h"
 #include "platform/settings_file.h"
 #include "platform/skinnable.h"
 
@@ -54,6 +55,7 @@ private:
     SharedState m_state;
     Options m_options;
     clsMyApp m_myApp;
+    EmoticonFile m_emoticons;
     SettingsFile m_settings;
     LoadedWindows m_loadedWindows;
     std::unique_ptr<frmComms> m_link;

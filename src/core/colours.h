@@ -6,6 +6,13 @@
 /// Colours are 0x00BBGGRR. A value with any bit of its top byte set names a system colour by its low 24 bits.
 using ColourValue = quint32;
 
+/// The colours of some words and of the ground behind them.
+struct ColourPair
+{
+    ColourValue text = 0;
+    ColourValue background = 0x00FFFFFF;
+};
+
 /// The current system colours, taken from the toolkit's palette.
 class SystemColours
 {

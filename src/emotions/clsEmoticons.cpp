@@ -71,25 +71,21 @@ clsEmoticons::clsEmoticons(QStringView emoticonFile)
 
 void clsEmoticons::AddEmoticon(const QString &key, const QString &name)
 {
-    const QString foldedKey = folded(key);
-    EmoticonEntry *same = nullptr;
-    EmoticonEntry *otherCase = nullptr;
-    for (qsizetype row = 0; row < m_rows.size(); ++row) {
-        if (m_foldedKeys[row] == foldedKey) {
-            otherCase = &m_rows[row];
-            same = m_rows[row].Key == key ? &m_rows[row] : same;
-        }
-    }
-    if (same != nullptr) {
-        same->Name = name;
+    if (const auto same = m_rowsByKey.constFind(key); same != m_rowsByKey.cend()) {
+        m_rows[*same].Name = name;
         return;
     }
-    if (otherCase != nullptr) {
-        otherCase->CaseSensitive = true;
+    const qsizetype row = m_rows.size();
+    const QString foldedKey = folded(key);
+    const qsizetype first = m_rowsByFoldedKey.value(foldedKey, row);
+    const bool caseSensitive = first != row;
+    if (caseSensitive) {
+        m_rows[first].CaseSensitive = true; // the others with this key in lower case are so already
+    } else {
+        m_rowsByFoldedKey.insert(foldedKey, row);
     }
-    const bool caseSensitive = otherCase != nullptr;
+    m_rowsByKey.insert(key, row);
     m_rows.append({key, name, caseSensitive});
-    m_foldedKeys.append(foldedKey);
     m_longestKey = qMax(m_longestKey, key.size());
 }
 
@@ -108,14 +104,13 @@ QString clsEmoticons::CheckEmotion(QStringView text) const
     if (text.size() > 2 * m_longestKey) { // no letter's lower case is less than half as long
         return {};
     }
-    const QString foldedText = folded(text.toString());
-    for (qsizetype row = 0; row < m_rows.size(); ++row) {
-        const EmoticonEntry &entry = m_rows[row];
-        if (entry.CaseSensitive ? entry.Key == text : m_foldedKeys[row] == foldedText) {
-            return entry.Name;
-        }
+    const QString key = text.toString();
+    if (const auto same = m_rowsByKey.constFind(key); same != m_rowsByKey.cend()) {
+        return m_rows[*same].Name;
     }
-    return {};
+    const auto first = m_rowsByFoldedKey.constFind(folded(key));
+    return first != m_rowsByFoldedKey.cend() && !m_rows[*first].CaseSensitive ? m_rows[*first].Name
+                                                                              : QString();
 }
 
 QString clsEmoticons::GetKeyFromEmotion(QStringView emotion) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QList>
 #include <QString>
 
@@ -36,6 +37,7 @@ private:
     void LoadEmoticonFile(QStringView text);
 
     QList<EmoticonEntry> m_rows;
-    QList<QString> m_foldedKeys; ///< of each row, in lower case
+    QHash<QString, qsizetype> m_rowsByKey;
+    QHash<QString, qsizetype> m_rowsByFoldedKey; ///< the first row with this key in lower case
     qsizetype m_longestKey = 0;
 };

@@ -2,16 +2,17 @@
 
 #include "core/attribute_text.h"
 #include "core/command_line.h"
+#include "core/options.h"
 #include "core/shared_state.h"
+#include "emotions/built_in_pictures.h"
 #include "link/frmComms.h"
 #include "platform/prompts.h"
-#include "room/board_text.h"
+#include "platform/rich_edit.h"
 #include "room/member_list.h"
 
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -31,17 +32,18 @@ Widget *make(QWidget *parent, const char16_t *name, const QString &accessibleNam
 } // namespace
 
 frmMain::frmMain(SharedState &state, const Options &options, frmComms &link, Prompts &prompts,
-                 const CommandLine &commandLine)
+                 const CommandLine &commandLine, EmoticonFile &emoticons)
     : m_state(state),
       m_link(link),
       m_prompts(prompts),
       m_commandLine(commandLine),
-      rtfMsgs(make<QPlainTextEdit>(this, u"rtfMsgs", tr("Message board"))),
+      rtfMsgs(make<RichEdit>(this, u"rtfMsgs", tr("Message board"))),
       rtfText(make<QLineEdit>(this, u"rtfText", tr("Message"))),
       grdUserList(make<QTreeWidget>(this, u"grdUserList", tr("Members"))),
       smdSend(make<QPushButton>(this, u"smdSend", tr("Send"))),
       smdMenu(make<QPushButton>(this, u"smdMenu", tr("Menu"))),
       smdExit(make<QPushButton>(this, u"smdExit", tr("Exit"))),
+      m_messages(*rtfMsgs, options, m_skinColours, emoticons, imgList),
       m_lifecycle(state, m_chatters, link, *this, prompts),
       m_events(state, options, m_chatters, link, m_lifecycle, *this),
       m_admission(state, m_chatters, link, *this),
@@ -51,6 +53,10 @@ frmMain::frmMain(SharedState &state, const Options &options, frmComms &link, Pro
     setObjectName(QStringLiteral("frmMain"));
     setRoomCaption({});
     arrange();
+    addBuiltInEmoticons(imgList);
+    rtfMsgs->setTextColour(toColor(options.CMTC));
+    rtfMsgs->setBackgroundColour(toColor(options.CMBC));
+    connect(rtfMsgs, &RichEdit::linkActivated, this, &frmMain::addressActivated);
     connect(smdSend, &QPushButton::clicked, this, &frmMain::send);
     connect(rtfText, &QLineEdit::returnPressed, this, &frmMain::send);
     connect(smdMenu, &QPushButton::clicked, this, &frmMain::showMenu);
@@ -71,7 +77,6 @@ frmMain::~frmMain()
 void frmMain::arrange()
 {
     rtfMsgs->setReadOnly(true);
-    rtfMsgs->setUndoRedoEnabled(false);
     grdUserList->setHeaderHidden(true);
     grdUserList->setSelectionBehavior(QAbstractItemView::SelectItems);
     grdUserList->setRootIsDecorated(true);
@@ -165,14 +170,14 @@ void frmMain::showMenu()
 }
 
 void frmMain::AddMessage(const QString &text, MessageKind kind, const QString &name, const QString &otherName,
-                         [[maybe_unused]] bool highlight)
+                         bool highlight)
 {
-    rtfMsgs->appendPlainText(boardText(text, kind, name, otherName));
+    m_messages.AddMessage(text, kind, name, otherName, highlight);
 }
 
 void frmMain::clearBoard()
 {
-    rtfMsgs->clear();
+    m_messages.clear();
 }
 
 void frmMain::DrawUserList()

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "core/chat_colours.h"
+#include "platform/image_list.h"
 #include "room/admission.h"
 #include "room/colChatters.h"
 #include "room/composing.h"
 #include "room/exit_road.h"
+#include "room/message_board.h"
 #include "room/room_events.h"
 #include "room/room_lifecycle.h"
 #include "room/room_view.h"
@@ -11,11 +14,12 @@
 #include <QWidget>
 
 class CommandLine;
+class EmoticonFile;
 class Prompts;
 class QLineEdit;
-class QPlainTextEdit;
 class QPushButton;
 class QTreeWidget;
+class RichEdit;
 class frmComms;
 struct Options;
 struct SharedState;
@@ -27,7 +31,7 @@ class frmMain final : public QWidget, public RoomView
 
 public:
     frmMain(SharedState &state, const Options &options, frmComms &link, Prompts &prompts,
-            const CommandLine &commandLine);
+            const CommandLine &commandLine, EmoticonFile &emoticons);
     ~frmMain() override;
 
     void AddMessage(const QString &text, MessageKind kind, const QString &name = {},
@@ -40,6 +44,8 @@ public:
 Q_SIGNALS:
     /// The user wants to read how it is used.
     void helpRequested(const QString &anchor);
+    /// The user has clicked on an address on the board; it is a stranger's.
+    void addressActivated(const QUrl &address);
     /// The window has said goodbye to the room and the messenger; the program may end.
     void exited();
 
@@ -59,13 +65,16 @@ private:
     Prompts &m_prompts;
     const CommandLine &m_commandLine;
 
-    QPlainTextEdit *rtfMsgs;
+    RichEdit *rtfMsgs;
     QLineEdit *rtfText;
     QTreeWidget *grdUserList;
     QPushButton *smdSend;
     QPushButton *smdMenu;
     QPushButton *smdExit;
 
+    ChatColours m_skinColours;
+    ImageList imgList;
+    MessageBoard m_messages;
     colChatters m_chatters;
     RoomLifecycle m_lifecycle;
     RoomEvents m_events;

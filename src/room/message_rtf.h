@@ -8,13 +8,6 @@
 /// Messages as small RTF documents, each with its own colour table. The message board and the private
 /// conversations show them.
 
-/// The text and background of some words.
-struct ColourPair
-{
-    ColourValue text = 0;
-    ColourValue background = 0x00FFFFFF;
-};
-
 /// What a message's look is made of: the colours of each kind, whether they are the user's own or the skin's,
 /// and the font of the box that the user writes in.
 struct MessageLook

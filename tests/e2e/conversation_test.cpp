@@ -1,5 +1,6 @@
 #include "app/program.h"
 #include "messenger/messenger.h"
+#include "platform/rich_edit.h"
 #include "room/frmMain.h"
 #include "support/eventually.h"
 #include "support/fake_addresses.h"
@@ -7,7 +8,6 @@
 #include "support/text.h"
 
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTreeWidget>
@@ -37,7 +37,7 @@ struct Person
     }
     [[nodiscard]] QString board() const
     {
-        return program.window()->findChild<QPlainTextEdit *>(u"rtfMsgs"_s)->toPlainText();
+        return program.window()->findChild<RichEdit *>(u"rtfMsgs"_s)->toPlainText();
     }
     [[nodiscard]] bool seesMember(const QString &name) const
     {

@@ -1,11 +1,13 @@
 #include "core/options.h"
+#include "emotions/emoticon_file.h"
+#include "platform/rich_edit.h"
 #include "room/frmMain.h"
 #include "support/link_fixture.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTemporaryDir>
 
 namespace {
 
@@ -37,9 +39,11 @@ struct RoomWindow : LinkFixture
 
     Options options;
     CommandLine commandLine;
-    frmMain window{state, options, link, prompts, commandLine};
+    QTemporaryDir folder;
+    EmoticonFile emoticons{QString(folder.path() + u"/"_s)};
+    frmMain window{state, options, link, prompts, commandLine, emoticons};
     QLineEdit *text = window.findChild<QLineEdit *>(u"rtfText"_s);
-    QPlainTextEdit *board = window.findChild<QPlainTextEdit *>(u"rtfMsgs"_s);
+    RichEdit *board = window.findChild<RichEdit *>(u"rtfMsgs"_s);
 };
 
 TEST_F(RoomWindow, EnterSendsAndEmptiesTheBox)

@@ -1,0 +1,180 @@
+#include "platform/rich_caret.h"
+
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+
+namespace {
+
+bool isVertical(CaretMove move)
+{
+    return move == CaretMove::LineUp || move == CaretMove::LineDown || move == CaretMove::PageUp ||
+           move == CaretMove::PageDown;
+}
+
+} // namespace
+
+RichCaret::Place RichCaret::moved(Place from, CaretMove move, int pageHeight)
+{
+    if (!isVertical(move)) {
+        m_column = -1;
+    } else if (m_column < 0) {
+        m_column = m_layout.shaped(from.paragraph).caretRect(from.offset).left();
+    }
+    switch (move) {
+    case CaretMove::Left:
+    case CaretMove::Right:
+    case CaretMove::WordLeft:
+    case CaretMove::WordRight:
+    case CaretMove::Previous:
+    case CaretMove::Next:
+    case CaretMove::WordPrevious:
+    case CaretMove::WordNext:
+        return sideways(from, move);
+    case CaretMove::LineUp:
+        return lineAbove(from);
+    case CaretMove::LineDown:
+        return lineBelow(from);
+    case CaretMove::PageUp:
+        return vertically(from, -pageHeight);
+    case CaretMove::PageDown:
+        return vertically(from, pageHeight);
+    case CaretMove::LineStart: {
+        const ShapedParagraph &shape = m_layout.shaped(from.paragraph);
+        return {from.paragraph, shape.lineStart(shape.lineAt(from.offset))};
+    }
+    case CaretMove::LineEnd: {
+        const ShapedParagraph &shape = m_layout.shaped(from.paragraph);
+        return {from.paragraph, shape.lineEnd(shape.lineAt(from.offset))};
+    }
+    case CaretMove::TextStart:
+        return {};
+    case CaretMove::TextEnd:
+        return m_layout.document().end();
+    case CaretMove::Stay:
+        break;
+    }
+    return from;
+}
+
+RichCaret::Place RichCaret::behind(Place from) const
+{
+    return from.paragraph + 1 < m_layout.document().paragraphCount() ? Place{from.paragraph + 1, 0} : from;
+}
+
+RichCaret::Place RichCaret::before(Place from) const
+{
+    return from.paragraph > 0
+               ? Place{from.paragraph - 1, m_layout.document().paragraph(from.paragraph - 1).length()}
+               : from;
+}
+
+/// Within the paragraph as the layout says; at its end on to its neighbour.
+RichCaret::Place RichCaret::sideways(Place from, CaretMove move)
+{
+    const QTextLayout &layout = m_layout.shaped(from.paragraph).layout();
+    const bool leftIsBack = layout.textOption().textDirection() == Qt::LeftToRight;
+    const int at = static_cast<int>(from.offset);
+    int to = at;
+    bool forward = false;
+    switch (move) {
+    case CaretMove::Left:
+        to = layout.leftCursorPosition(at);
+        forward = !leftIsBack;
+        break;
+    case CaretMove::Right:
+        to = layout.rightCursorPosition(at);
+        forward = leftIsBack;
+        break;
+    case CaretMove::WordLeft:
+        return sideways(from, leftIsBack ? CaretMove::WordPrevious : CaretMove::WordNext);
+    case CaretMove::WordRight:
+        return sideways(from, leftIsBack ? CaretMove::WordNext : CaretMove::WordPrevious);
+    case CaretMove::Previous:
+        to = layout.previousCursorPosition(at);
+        break;
+    case CaretMove::WordPrevious:
+        to = layout.previousCursorPosition(at, QTextLayout::SkipWords);
+        break;
+    case CaretMove::WordNext:
+        to = layout.nextCursorPosition(at, QTextLayout::SkipWords);
+        forward = true;
+        break;
+    default:
+        to = layout.nextCursorPosition(at);
+        forward = true;
+    }
+    if (to != at) {
+        return {from.paragraph, to};
+    }
+    return forward ? behind(from) : before(from);
+}
+
+RichCaret::Place RichCaret::lineAbove(Place from)
+{
+    const ShapedParagraph &shape = m_layout.shaped(from.paragraph);
+    const int line = shape.lineAt(from.offset);
+    if (line > 0) {
+        return {from.paragraph, std::min<qsizetype>(shape.layout().lineAt(line - 1).xToCursor(m_column),
+                                                    shape.lineEnd(line - 1))};
+    }
+    if (from.paragraph == 0) {
+        return {};
+    }
+    const ShapedParagraph &above = m_layout.shaped(from.paragraph - 1);
+    return {from.paragraph - 1, above.offsetAt({m_column, above.height()})};
+}
+
+RichCaret::Place RichCaret::lineBelow(Place from)
+{
+    const ShapedParagraph &shape = m_layout.shaped(from.paragraph);
+    const int line = shape.lineAt(from.offset);
+    if (line + 1 < shape.lineCount()) {
+        return {from.paragraph, std::min<qsizetype>(shape.layout().lineAt(line + 1).xToCursor(m_column),
+                                                    shape.lineEnd(line + 1))};
+    }
+    const Place next = behind(from);
+    if (next == from) {
+        return m_layout.document().end();
+    }
+    return {next.paragraph, m_layout.shaped(next.paragraph).offsetAt({m_column, 0})};
+}
+
+/// Over whole paragraphs, to the line that is there.
+RichCaret::Place RichCaret::vertically(Place from, int pixels)
+{
+    const QRect caret = m_layout.shaped(from.paragraph).caretRect(from.offset);
+    int y = caret.center().y() + pixels;
+    qsizetype paragraph = from.paragraph;
+    while (y < 0 && paragraph > 0) {
+        y += m_layout.heightOf(--paragraph);
+    }
+    const qsizetype last = m_layout.document().paragraphCount() - 1;
+    while (paragraph < last && y >= m_layout.heightOf(paragraph)) {
+        y -= m_layout.heightOf(paragraph++);
+    }
+    if (y < 0) {
+        return {};
+    }
+    if (y >= m_layout.heightOf(paragraph)) {
+        return m_layout.document().end();
+    }
+    return {paragraph, m_layout.shaped(paragraph).offsetAt({m_column, y})};
+}
+
+RichCaret::Stretch RichCaret::wordAt(Place place) const
+{
+    const QStringView text = m_layout.document().paragraph(place.paragraph).text();
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Word, text);
+    finder.setPosition(place.offset);
+    const qsizetype from =
+        finder.isAtBoundary() ? place.offset : std::max(finder.toPreviousBoundary(), qsizetype(0));
+    finder.setPosition(place.offset);
+    const qsizetype to = finder.toNextBoundary();
+    return {{place.paragraph, from}, {place.paragraph, to < 0 ? text.size() : to}};
+}
+
+RichCaret::Stretch RichCaret::paragraphAt(Place place) const
+{
+    return {{place.paragraph, 0}, {place.paragraph, m_layout.document().paragraph(place.paragraph).length()}};
+}

@@ -1,0 +1,358 @@
+#include "platform/rich_edit.h"
+
+#include "platform/find_bar.h"
+#include "platform/rich_edit_accessible.h"
+#include "platform/rich_printing.h"
+#include "richtext/rtf_writer.h"
+#include "richtext/text_search.h"
+
+#include <QPainter>
+#include <QResizeEvent>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+constexpr int frameMilliseconds = 16;
+
+int toInt(qint64 pixels)
+{
+    return static_cast<int>(std::min(pixels, qint64(std::numeric_limits<int>::max())));
+}
+
+QTextLayout::FormatRange mark(qsizetype from, qsizetype to, const QBrush &text, const QBrush &background)
+{
+    QTextCharFormat format;
+    format.setForeground(text);
+    format.setBackground(background);
+    return {static_cast<int>(from), static_cast<int>(to - from), format};
+}
+
+} // namespace
+
+RichEdit::RichEdit(QWidget *parent) : QAbstractScrollArea(parent)
+{
+    installRichEditAccessibility();
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_InputMethodEnabled);
+    viewport()->setMouseTracking(true);
+    viewport()->setCursor(Qt::IBeamCursor);
+    viewport()->setBackgroundRole(QPalette::Base);
+    m_layout.setBaseFont(font());
+    connect(verticalScrollBar(), &QScrollBar::sliderReleased, this, &RichEdit::syncScrollBar);
+}
+
+RichEdit::~RichEdit() = default;
+
+void RichEdit::append(const RichDocument &text)
+{
+    const bool wasEmpty = m_document.paragraphCount() == 1 && m_document.length() == 0;
+    const qsizetype before = m_document.paragraphCount();
+    m_document.append(text);
+    m_editing.forget();
+    if (wasEmpty) {
+        m_layout.takeChanged(0);
+        m_spoken.takeChanged(0);
+    } else {
+        m_layout.takeAppended();
+    }
+    m_view.letGoOfEnd();
+    nextFrame();
+    announceAppended(*this, wasEmpty ? 0 : before);
+    Q_EMIT textChanged();
+}
+
+void RichEdit::insert(qsizetype position, const RichDocument &text)
+{
+    const qsizetype first = m_document.placeOf(position).paragraph;
+    const qsizetype anchor = m_document.positionOf(m_selection.anchor());
+    const qsizetype caretBefore = caret();
+    const auto moved = [&](qsizetype place) { return place > position ? place + text.length() : place; };
+    m_document.insert(position, text);
+    m_editing.forget();
+    textWasChanged(first);
+    select(moved(anchor), moved(caretBefore));
+}
+
+void RichEdit::clear()
+{
+    m_document.clear();
+    m_editing.forget();
+    m_layout.takeCleared();
+    textWasChanged(0);
+    select(0, 0);
+    m_view.toEnd();
+}
+
+QByteArray RichEdit::rtf() const
+{
+    return writeRtf(m_document);
+}
+
+RtfStatus RichEdit::setRtf(QStringView rtf)
+{
+    clear();
+    return insertRtf(0, rtf);
+}
+
+RtfStatus RichEdit::insertRtf(qsizetype position, QStringView rtf)
+{
+    RichDocument read;
+    const RtfStatus status = readRtf(rtf, read);
+    insert(position, read);
+    return status;
+}
+
+void RichEdit::insertPicture(const std::shared_ptr<const Picture> &picture)
+{
+    RichDocument one;
+    ParagraphBuilder builder;
+    builder.appendPicture(one.pictureNumber(picture), 0);
+    one.replaceLast(builder.take(0));
+    const qsizetype at = selectionStart();
+    m_document.remove(at, selectionEnd());
+    insert(at, one);
+    select(at + 1, at + 1);
+}
+
+void RichEdit::textWasChanged(qsizetype firstParagraph)
+{
+    m_layout.takeChanged(firstParagraph);
+    m_spoken.takeChanged(firstParagraph);
+    m_view.takeChanged();
+    nextFrame();
+    Q_EMIT textChanged();
+}
+
+void RichEdit::select(qsizetype anchor, qsizetype caret)
+{
+    select(m_document.placeOf(anchor), m_document.placeOf(caret));
+}
+
+void RichEdit::select(Place anchor, Place caret)
+{
+    m_selection.select(anchor, caret);
+    selectionWasChanged();
+}
+
+void RichEdit::selectionWasChanged()
+{
+    nextFrame();
+    startBlinking();
+    announceCaret(*this);
+    Q_EMIT selectionChanged();
+}
+
+QString RichEdit::selectedText() const
+{
+    return m_document.plainText(selectionStart(), selectionEnd());
+}
+
+QByteArray RichEdit::selectedRtf() const
+{
+    return writeRtf(m_document.copy(selectionStart(), selectionEnd()));
+}
+
+void RichEdit::setFontIn(qsizetype from, qsizetype to, const QString &family, double points)
+{
+    const quint16 font = m_document.fontNumber(family);
+    const auto halfPoints = static_cast<quint16>(std::clamp(points * 2 + 0.5, 1.0, 3276.0));
+    m_document.changeFormats(from, to, [&](TextFormat &format) {
+        format.font = font;
+        format.halfPoints = halfPoints;
+    });
+    textWasChanged(m_document.placeOf(from).paragraph);
+}
+
+void RichEdit::setSpaceBefore(qsizetype from, qsizetype to, double points)
+{
+    constexpr double twipsPerPoint = 20;
+    m_document.changeParagraphFormats(from, to, [&](ParagraphFormat &format) {
+        format.spaceBefore = static_cast<qint32>(points * twipsPerPoint);
+    });
+    textWasChanged(m_document.placeOf(from).paragraph);
+}
+
+void RichEdit::setBoxFont(const QFont &boxFont)
+{
+    setFont(boxFont);
+}
+
+void RichEdit::setTextColour(const QColor &colour)
+{
+    QPalette colours = palette();
+    colours.setColor(QPalette::Text, colour);
+    setPalette(colours);
+}
+
+void RichEdit::setBackgroundColour(const QColor &colour)
+{
+    QPalette colours = palette();
+    colours.setColor(QPalette::Base, colour);
+    setPalette(colours);
+}
+
+QColor RichEdit::backgroundColour() const
+{
+    return palette().color(QPalette::Base);
+}
+
+void RichEdit::setReadOnly(bool readOnly)
+{
+    m_readOnly = readOnly;
+    setAttribute(Qt::WA_InputMethodEnabled, !readOnly);
+    startBlinking();
+}
+
+void RichEdit::toEnd()
+{
+    if (m_selection.isEmpty()) {
+        m_selection.collapseTo(m_document.end());
+    }
+    m_view.toEnd();
+    nextFrame();
+}
+
+void RichEdit::showPlace(Place place)
+{
+    m_view.show(place);
+    showNow();
+}
+
+RichEdit::Place RichEdit::placeAt(QPoint viewportPoint)
+{
+    m_view.settle();
+    return m_view.placeAt(viewportPoint);
+}
+
+QRect RichEdit::caretRectAt(Place place)
+{
+    m_view.settle();
+    return m_view.caretRect(place);
+}
+
+bool RichEdit::print(QPrinter &printer, qsizetype from, qsizetype to, int marginTwips) const
+{
+    return printRichText(m_document.copy(from, to), font(), printer, marginTwips);
+}
+
+/// What changes from now on is seen with the next frame, in one go.
+void RichEdit::nextFrame()
+{
+    if (!m_frameTimer.isActive()) {
+        const qint64 since = m_sinceFrame.isValid() ? m_sinceFrame.elapsed() : frameMilliseconds;
+        m_frameTimer.start(static_cast<int>(std::max(frameMilliseconds - since, qint64(0))), Qt::PreciseTimer,
+                           this);
+    }
+}
+
+void RichEdit::showNow()
+{
+    m_frameTimer.stop();
+    m_sinceFrame.start();
+    m_view.settle();
+    syncScrollBar();
+    viewport()->update();
+}
+
+void RichEdit::syncScrollBar()
+{
+    QScrollBar *bar = verticalScrollBar();
+    if (bar->isSliderDown()) {
+        return;
+    }
+    m_syncing = true;
+    bar->setRange(0, toInt(m_view.maximum()));
+    bar->setPageStep(std::max(viewport()->height() - fontMetrics().height(), 1));
+    bar->setSingleStep(fontMetrics().height());
+    bar->setValue(toInt(m_view.value()));
+    m_syncing = false;
+}
+
+void RichEdit::userScrolled()
+{
+    showNow();
+    Q_EMIT scrolled(m_view.isAtEnd());
+}
+
+/// Short ways are gone exactly; long ones by what is known of the heights.
+void RichEdit::scrollContentsBy([[maybe_unused]] int dx, int dy)
+{
+    if (m_syncing) {
+        return;
+    }
+    if (verticalScrollBar()->value() == verticalScrollBar()->maximum()) {
+        m_view.toEnd();
+    } else if (std::abs(dy) <= 2 * viewport()->height() && !verticalScrollBar()->isSliderDown()) {
+        m_view.moveBy(-dy);
+    } else {
+        m_view.toValue(verticalScrollBar()->value());
+    }
+    userScrolled();
+}
+
+void RichEdit::resizeEvent(QResizeEvent *event)
+{
+    m_view.setSize(event->size());
+    placeFindBar();
+    showNow();
+}
+
+void RichEdit::changeEvent(QEvent *event)
+{
+    QAbstractScrollArea::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        m_layout.setBaseFont(font());
+        TextFormat format;
+        format.halfPoints = static_cast<quint16>(std::clamp(font().pointSizeF() * 2 + 0.5, 1.0, 3276.0));
+        format.bold = font().bold();
+        format.italic = font().italic();
+        format.underline = font().underline();
+        m_editing.setFormat(format, {});
+        nextFrame();
+    } else if (event->type() == QEvent::EnabledChange || event->type() == QEvent::PaletteChange ||
+               event->type() == QEvent::ActivationChange) {
+        viewport()->update();
+    }
+}
+
+QList<QTextLayout::FormatRange> RichEdit::marksIn(qsizetype paragraph) const
+{
+    QList<QTextLayout::FormatRange> marks;
+    const Paragraph &text = m_document.paragraph(paragraph);
+    if (m_findBar != nullptr && m_findBar->isVisible()) {
+        const qsizetype length = m_findBar->words().size();
+        for (const qsizetype at : findAll(text.text(), m_findBar->words())) {
+            marks += mark(at, at + length, QColor(Qt::black), QColor(255, 224, 112));
+        }
+    }
+    const Place first = std::max(m_selection.from(), Place{paragraph, 0});
+    const Place last = std::min(m_selection.to(), Place{paragraph, text.length()});
+    if (first < last) {
+        marks += mark(first.offset, last.offset, palette().highlightedText(), palette().highlight());
+    }
+    return marks;
+}
+
+void RichEdit::paintEvent(QPaintEvent *event)
+{
+    m_view.settle();
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Text));
+    const QRect clip = event->rect();
+    for (const RichView::Row &row : m_view.rows()) {
+        const ShapedParagraph &shape = m_layout.shaped(row.paragraph);
+        if (row.top <= clip.bottom() && row.top + shape.height() >= clip.top()) {
+            shape.draw(painter, {RichView::margin, row.top}, marksIn(row.paragraph), clip);
+        }
+    }
+    if (hasFocus() && m_caretShown && (!m_readOnly || m_caretWanted)) {
+        const Place caret = m_selection.caret();
+        const QRect place = m_view.caretRect({caret.paragraph, caret.offset + m_preeditCaret});
+        painter.fillRect(place, palette().color(QPalette::Text));
+    }
+}

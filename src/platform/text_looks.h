@@ -1,0 +1,35 @@
+#pragma once
+
+#include "richtext/document.h"
+
+#include <QColor>
+#include <QFont>
+#include <QTextCharFormat>
+
+#include <optional>
+#include <vector>
+
+/// A colour of a text as the toolkit's own. Not for the automatic colour.
+[[nodiscard]] QColor toColor(ColourValue colour);
+
+/// The text formats of a document as the toolkit's own, each made once. A format without a font name has the
+/// base font's family.
+class TextLooks
+{
+public:
+    /// The document must stay.
+    explicit TextLooks(const RichDocument &document) : m_document(document) {}
+
+    [[nodiscard]] const QFont &baseFont() const { return m_baseFont; }
+    void setBaseFont(const QFont &font);
+    /// To be called when the document's tables were begun anew.
+    void forget() { m_formats.clear(); }
+
+    /// The reference holds until the next call.
+    [[nodiscard]] const QTextCharFormat &of(quint16 format);
+
+private:
+    const RichDocument &m_document;
+    QFont m_baseFont;
+    std::vector<std::optional<QTextCharFormat>> m_formats;
+};

@@ -1,0 +1,67 @@
+#include "room/emoticon_replacer.h"
+
+#include "core/options.h"
+#include "emotions/emoticon_file.h"
+#include "platform/image_list.h"
+
+#include <algorithm>
+
+EmoticonReplacer::EmoticonReplacer(const Options &options, EmoticonFile &emoticons, const ImageList &imgList)
+    : m_options(options), m_emoticons(emoticons), m_imgList(imgList)
+{}
+
+void EmoticonReplacer::ReplaceEmoticons(RichDocument &text, ColourValue ground)
+{
+    const QString plain = text.plainText();
+    if (!m_options.EMOTICONS || plain.isEmpty() || plain.size() != text.length()) {
+        return; // a text that has pictures already is not gone through again
+    }
+    if (m_listVersion != m_imgList.version() || m_ground != ground) {
+        m_pictures.clear();
+        m_listVersion = m_imgList.version();
+        m_ground = ground;
+    }
+    const clsEmoticons &table = m_emoticons.table();
+    std::vector<RichDocument::PicturePlace> places;
+    for (qsizetype end = plain.size(); end > 0;) {
+        const qsizetype from = plain.lastIndexOf(u' ', end - 1) + 1;
+        const QStringView word = QStringView(plain).sliced(from, end - from);
+        if (const QString name = table.CheckEmotion(word); !name.isEmpty()) {
+            const auto picture = pictureFor(name, word);
+            if (!picture) {
+                break;
+            }
+            places.push_back({from, word.size(), text.pictureNumber(picture)});
+        }
+        end = from - 1;
+    }
+    std::ranges::reverse(places);
+    text.putPictures(places);
+}
+
+std::shared_ptr<const Picture> EmoticonReplacer::pictureFor(const QString &name, QStringView code)
+{
+    auto &picture = m_pictures[QString(code + u'\n' + name)];
+    if (!picture) {
+        if (const QImage image = onGround(u'e' + name); !image.isNull()) {
+            picture = std::make_shared<const Picture>(Picture{image, code.toString(), name});
+        }
+    }
+    return picture;
+}
+
+QImage EmoticonReplacer::onGround(const QString &key) const
+{
+    QImage image = m_imgList.image(key);
+    const std::optional<QRgb> mask = m_imgList.maskColour();
+    if (image.isNull() || !mask) {
+        return image;
+    }
+    const QRgb seen = qRgb(m_ground & 0xFF, (m_ground >> 8) & 0xFF, (m_ground >> 16) & 0xFF);
+    image = image.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        std::replace(line, line + image.width(), *mask | 0xFF000000, seen);
+    }
+    return image;
+}
