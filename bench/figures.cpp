@@ -42,3 +42,9 @@ void printFigure(const std::string &name, double value, const std::string &unit,
     }
     std::fflush(stdout);
 }
+
+void printRate(const std::string &name, double value, const std::string &unit, double least)
+{
+    std::printf("figure %s %.3f %s limit %g %s\n", name.c_str(), value, unit.c_str(), least,
+                value >= least ? "pass" : "miss");
+}

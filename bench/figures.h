@@ -19,3 +19,6 @@
 /// Prints "figure NAME VALUE UNIT limit LIMIT pass|miss"; without a limit "limit - -".
 void printFigure(const std::string &name, double value, const std::string &unit,
                  std::optional<double> limit = std::nullopt);
+
+/// The same where the limit is the least that passes.
+void printRate(const std::string &name, double value, const std::string &unit, double least);

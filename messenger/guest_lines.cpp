@@ -30,6 +30,10 @@ std::span<const QStringView> chatter()
         u"The neighbours are drilling :@",
         u"Two more hours and I am off",
         u"Does anybody remember the name of that song?",
+        u"The timetable is at http://example.org/timetable.html, in case you need it",
+        u"<i>humming quietly to myself",
+        u"<b><u>Quiz at nine, all welcome! <3",
+        u"I found the recipe on www.example.com. Delicious :d",
     };
     return list;
 }

@@ -52,19 +52,20 @@ public:
     {
         bool ended = false;
         QObject::connect(&m_program, &Program::ended, [&] { ended = true; });
-        const bool played = step("the window is shown", [this] { return m_program.window()->isVisible(); }) &&
-                            step("let into the room", [this] { return m_program.state().InRoom; }) &&
-                            step("somebody is there and speaks", [this] { return wordsOfOthers() > 0; }) &&
-                            picture("1-joined.png") &&
-                            exchange(QStringLiteral("Hello everybody! Who is here tonight?")) &&
-                            exchange(QStringLiteral("Nice to meet you :-) see you soon")) &&
-                            picture("2-conversation.png") && leave() &&
-                            step("left the room",
-                                 [this] {
-                                     return m_board->toPlainText().contains(
-                                         QStringLiteral("You have successfully left the Room!"));
-                                 }) &&
-                            step("the program ended", [&] { return ended; });
+        const bool played =
+            step("the window is shown", [this] { return m_program.window()->isVisible(); }) &&
+            step("let into the room", [this] { return m_program.state().InRoom; }) &&
+            step("somebody is there and speaks", [this] { return wordsOfOthers() > 0; }) &&
+            picture("1-joined.png") && exchange(QStringLiteral("Hello everybody! :) Who is here tonight?")) &&
+            exchange(
+                QStringLiteral("Nice to meet you ;) I wrote it all down on http://example.org/diary.")) &&
+            picture("2-conversation.png") && leave() &&
+            step("left the room",
+                 [this] {
+                     return m_board->toPlainText().contains(
+                         QStringLiteral("You have successfully left the Room!"));
+                 }) &&
+            step("the program ended", [&] { return ended; });
         save();
         return played;
     }

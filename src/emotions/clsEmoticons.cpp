@@ -85,6 +85,7 @@ void clsEmoticons::AddEmoticon(const QString &key, const QString &name)
         m_rowsByFoldedKey.insert(foldedKey, row);
     }
     m_rowsByKey.insert(key, row);
+    noteStart(key);
     m_rows.append({key, name, caseSensitive});
     m_longestKey = qMax(m_longestKey, key.size());
 }
@@ -99,9 +100,30 @@ void clsEmoticons::LoadEmoticonFile(QStringView text)
     }
 }
 
+/// Most words do not begin like any code and need no folding. The lower case of a letter outside ASCII may be
+/// one inside it, and the other way round; a code that begins with one switches this off.
+void clsEmoticons::noteStart(const QString &key)
+{
+    if (key.isEmpty()) {
+        return;
+    }
+    const char16_t start = key.front().unicode();
+    if (start >= m_starts.size()) {
+        m_starts.set();
+    } else {
+        m_starts.set(start);
+        m_starts.set(key.front().toLower().unicode());
+        m_starts.set(key.front().toUpper().unicode());
+    }
+}
+
 QString clsEmoticons::CheckEmotion(QStringView text) const
 {
     if (text.size() > 2 * m_longestKey) { // no letter's lower case is less than half as long
+        return {};
+    }
+    if (!text.isEmpty() && text.front().unicode() < m_starts.size() &&
+        !m_starts[text.front().unicode()]) {
         return {};
     }
     const QString key = text.toString();

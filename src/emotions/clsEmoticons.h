@@ -4,6 +4,8 @@
 #include <QList>
 #include <QString>
 
+#include <bitset>
+
 /// One code and the emoticon that it stands for.
 struct EmoticonEntry
 {
@@ -34,10 +36,12 @@ public:
 
 private:
     void AddEmoticon(const QString &key, const QString &name);
+    void noteStart(const QString &key);
     void LoadEmoticonFile(QStringView text);
 
     QList<EmoticonEntry> m_rows;
     QHash<QString, qsizetype> m_rowsByKey;
     QHash<QString, qsizetype> m_rowsByFoldedKey; ///< the first row with this key in lower case
     qsizetype m_longestKey = 0;
+    std::bitset<128> m_starts; ///< the characters of ASCII that a code may begin with
 };
