@@ -38,7 +38,7 @@ FindBar::FindBar(QWidget *parent) : QWidget(parent), m_words(new QLineEdit), m_n
     m_words->setMinimumWidth(160);
     m_notFound->setText(tr("Not found"));
     m_notFound->hide();
-    row->addWidget(m_words);
+    row->addWidget(m_words, 1);
     row->addWidget(m_notFound);
     const QToolButton *previous = addButton(*row, Qt::UpArrow, tr("Previous"));
     const QToolButton *next = addButton(*row, Qt::DownArrow, tr("Next"));
@@ -70,7 +70,6 @@ void FindBar::open(const QString &words)
 void FindBar::showFound(bool found)
 {
     m_notFound->setVisible(!found);
-    adjustSize();
 }
 
 /// Enter goes on upwards, where the older messages are; with Shift it comes back.

@@ -52,6 +52,7 @@ void RichEdit::append(const RichDocument &text)
 {
     const bool wasEmpty = m_document.paragraphCount() == 1 && m_document.length() == 0;
     const qsizetype before = m_document.paragraphCount();
+    const bool caretAtEnd = m_selection.isEmpty() && m_selection.caret() == m_document.end();
     m_document.append(text);
     m_editing.forget();
     if (wasEmpty) {
@@ -59,6 +60,9 @@ void RichEdit::append(const RichDocument &text)
         m_spoken.takeChanged(0);
     } else {
         m_layout.takeAppended();
+    }
+    if (caretAtEnd) {
+        m_selection.collapseTo(m_document.end());
     }
     m_view.letGoOfEnd();
     nextFrame();
@@ -210,7 +214,7 @@ void RichEdit::setReadOnly(bool readOnly)
 
 void RichEdit::toEnd()
 {
-    if (m_selection.isEmpty()) {
+    if (m_selection.isEmpty() && !hasFocus()) {
         m_selection.collapseTo(m_document.end());
     }
     m_view.toEnd();

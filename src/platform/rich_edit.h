@@ -32,7 +32,8 @@ public:
     // The text. What is put in from here cannot be undone by the user.
     [[nodiscard]] const RichDocument &document() const { return m_document; }
     [[nodiscard]] QString toPlainText() const { return m_document.plainText(); }
-    /// As paragraphs of their own behind the last. The view and the selection stay where they are.
+    /// As paragraphs of their own behind the last. The view and the selection stay where they are; a caret at
+    /// the end stays at the end.
     void append(const RichDocument &text);
     void insert(qsizetype position, const RichDocument &text);
     void clear();
@@ -72,7 +73,7 @@ public:
     [[nodiscard]] bool isReadOnly() const { return m_readOnly; }
 
     // The view.
-    /// Caret and view to the end; a selection stays.
+    /// The view to the end, and the caret unless the user has selected something or is about with the caret.
     void toEnd();
     [[nodiscard]] bool isAtEnd() const { return m_view.isAtEnd(); }
     /// Into view, moving as little as needed.

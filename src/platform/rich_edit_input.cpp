@@ -22,6 +22,7 @@ using Key = QKeySequence::StandardKey;
 
 constexpr int wheelTickMilliseconds = 16;
 constexpr int dragTickMilliseconds = 30;
+constexpr qsizetype longestSeed = 60; // of what is looked for, from the selection
 
 struct MoveKey
 {
@@ -546,21 +547,26 @@ void RichEdit::openFindBar()
         connect(m_findBar, &FindBar::previousAsked, this, [this] { find(true, true); });
         connect(m_findBar, &FindBar::closed, this, [this] {
             setFocus();
+            placeFindBar();
             viewport()->update();
         });
     }
-    const QString selected =
-        m_selection.from().paragraph == m_selection.to().paragraph ? selectedText() : QString();
-    m_findBar->open(selected);
+    const bool isShort = m_selection.from().paragraph == m_selection.to().paragraph &&
+                         selectionEnd() - selectionStart() <= longestSeed;
+    m_findBar->open(isShort ? selectedText() : QString());
     placeFindBar();
     viewport()->update();
 }
 
+/// Above the text, so that it hides nothing.
 void RichEdit::placeFindBar()
 {
-    if (m_findBar != nullptr) {
-        m_findBar->adjustSize();
-        m_findBar->move(viewport()->geometry().right() + 1 - m_findBar->width(), viewport()->y());
+    if (m_findBar != nullptr && m_findBar->isVisibleTo(this)) {
+        setViewportMargins(0, m_findBar->sizeHint().height(), 0, 0);
+        const QRect text = viewport()->geometry();
+        m_findBar->setGeometry(text.left(), frameWidth(), text.width(), m_findBar->sizeHint().height());
+    } else {
+        setViewportMargins({});
     }
 }
 
@@ -577,7 +583,6 @@ void RichEdit::find(bool backwards, bool again)
         found = findText(m_document, words, backwards ? m_document.end() : Place(), backwards);
     }
     m_findBar->showFound(found || words.isEmpty());
-    placeFindBar();
     if (found) {
         m_selection.select(found->from, {found->from.paragraph, found->from.offset + found->length});
         m_view.show(m_selection.caret());

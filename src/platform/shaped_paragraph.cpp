@@ -1,6 +1,5 @@
 #include "platform/shaped_paragraph.h"
 
-#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
@@ -9,8 +8,6 @@
 #include <cmath>
 
 namespace {
-
-constexpr QChar placeholder = u'\u00A0'; // keeps a picture's place in the line
 
 /// What is not said to stand elsewhere stands where its text begins.
 Qt::Alignment toAlignment(ParagraphFormat::Alignment alignment, bool rightToLeft)
@@ -51,7 +48,7 @@ ShapedParagraph::ShapedParagraph(const RichDocument &document, const Paragraph &
     int start = 0;
     for (const Run &run : paragraph.runs()) {
         if (run.picture != 0) {
-            text[start] = placeholder;
+            text[start] = TextLooks::placeholder;
             addPicture(run, start, looks, formats);
         } else {
             addText(start, static_cast<int>(run.end), looks.of(run.format), formats);
@@ -74,14 +71,7 @@ ShapedParagraph::ShapedParagraph(const RichDocument &document, const Paragraph &
 void ShapedParagraph::addPicture(const Run &run, int at, TextLooks &looks,
                                  QList<QTextLayout::FormatRange> &formats)
 {
-    QTextCharFormat format = looks.of(run.format);
-    QFont font = format.font();
-    const double placeholderWidth = QFontMetricsF(font).horizontalAdvance(placeholder);
-    font.setLetterSpacing(QFont::AbsoluteSpacing,
-                          sizeOf(m_document.picture(run.picture)).width() - placeholderWidth);
-    font.setUnderline(false);
-    format.setFont(font);
-    formats += {at, 1, format};
+    formats += {at, 1, looks.ofPicture(run.format, run.picture)};
     m_pictures.push_back({at, run.picture});
 }
 

@@ -1,6 +1,7 @@
 #include "platform/text_looks.h"
 
 #include <QBrush>
+#include <QFontMetricsF>
 
 QColor toColor(ColourValue colour)
 {
@@ -11,6 +12,12 @@ void TextLooks::setBaseFont(const QFont &font)
 {
     m_baseFont = font;
     forget();
+}
+
+void TextLooks::forget()
+{
+    m_formats.clear();
+    m_pictures.clear();
 }
 
 const QTextCharFormat &TextLooks::of(quint16 number)
@@ -37,4 +44,19 @@ const QTextCharFormat &TextLooks::of(quint16 number)
         }
     }
     return *look;
+}
+
+const QTextCharFormat &TextLooks::ofPicture(quint16 number, quint16 picture)
+{
+    QTextCharFormat &look = m_pictures[{number, picture}];
+    if (look.isEmpty()) {
+        look = of(number);
+        QFont font = look.font();
+        const double own = QFontMetricsF(font).horizontalAdvance(placeholder);
+        const double wanted = m_document.picture(picture).image.deviceIndependentSize().width();
+        font.setLetterSpacing(QFont::AbsoluteSpacing, wanted - own);
+        font.setUnderline(false);
+        look.setFont(font);
+    }
+    return look;
 }

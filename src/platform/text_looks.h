@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QHash>
 #include <QTextCharFormat>
 
 #include <optional>
@@ -23,13 +24,19 @@ public:
     [[nodiscard]] const QFont &baseFont() const { return m_baseFont; }
     void setBaseFont(const QFont &font);
     /// To be called when the document's tables were begun anew.
-    void forget() { m_formats.clear(); }
+    void forget();
 
     /// The reference holds until the next call.
     [[nodiscard]] const QTextCharFormat &of(quint16 format);
+
+    /// The look of a placeholder that is as wide as a picture.
+    [[nodiscard]] const QTextCharFormat &ofPicture(quint16 format, quint16 picture);
+    /// It is no space at which a line may break.
+    static constexpr QChar placeholder = u'\u00A0';
 
 private:
     const RichDocument &m_document;
     QFont m_baseFont;
     std::vector<std::optional<QTextCharFormat>> m_formats;
+    QHash<std::pair<quint16, quint16>, QTextCharFormat> m_pictures; ///< by format and picture
 };
