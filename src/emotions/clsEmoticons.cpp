@@ -122,8 +122,7 @@ QString clsEmoticons::CheckEmotion(QStringView text) const
     if (text.size() > 2 * m_longestKey) { // no letter's lower case is less than half as long
         return {};
     }
-    if (!text.isEmpty() && text.front().unicode() < m_starts.size() &&
-        !m_starts[text.front().unicode()]) {
+    if (!text.isEmpty() && text.front().unicode() < m_starts.size() && !m_starts[text.front().unicode()]) {
         return {};
     }
     const QString key = text.toString();

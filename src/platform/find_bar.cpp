@@ -90,6 +90,7 @@ void FindBar::keyPressEvent(QKeyEvent *event)
 
 void FindBar::dismiss()
 {
+    parentWidget()->setFocus(); // before it could go to the next widget
     hide();
     Q_EMIT closed();
 }

@@ -110,6 +110,12 @@ RichCaret::Place RichCaret::sideways(Place from, CaretMove move)
     return forward ? behind(from) : before(from);
 }
 
+/// In the line at that height, also where the column is behind its end.
+qsizetype RichCaret::atColumn(const ShapedParagraph &shape, int y) const
+{
+    return std::min(shape.offsetAt({m_column, y}), shape.lineEnd(shape.lineBelow(y)));
+}
+
 RichCaret::Place RichCaret::lineAbove(Place from)
 {
     const ShapedParagraph &shape = m_layout.shaped(from.paragraph);
@@ -137,7 +143,7 @@ RichCaret::Place RichCaret::lineBelow(Place from)
     if (next == from) {
         return m_layout.document().end();
     }
-    return {next.paragraph, m_layout.shaped(next.paragraph).offsetAt({m_column, 0})};
+    return {next.paragraph, atColumn(m_layout.shaped(next.paragraph), 0)};
 }
 
 /// Over whole paragraphs, to the line that is there.
@@ -159,17 +165,23 @@ RichCaret::Place RichCaret::vertically(Place from, int pixels)
     if (y >= m_layout.heightOf(paragraph)) {
         return m_layout.document().end();
     }
-    return {paragraph, m_layout.shaped(paragraph).offsetAt({m_column, y})};
+    return {paragraph, atColumn(m_layout.shaped(paragraph), y)};
 }
 
 RichCaret::Stretch RichCaret::wordAt(Place place) const
 {
     const QStringView text = m_layout.document().paragraph(place.paragraph).text();
+    const auto inWord = [text](qsizetype at) {
+        return at >= 0 && at < text.size() && (text[at].isLetterOrNumber() || text[at].isSurrogate());
+    };
+    // Behind the last letter is still that word.
+    const bool behind = place.offset > 0 &&
+                        (place.offset == text.size() || (inWord(place.offset - 1) && !inWord(place.offset)));
+    const qsizetype at = behind ? place.offset - 1 : place.offset;
     QTextBoundaryFinder finder(QTextBoundaryFinder::Word, text);
-    finder.setPosition(place.offset);
-    const qsizetype from =
-        finder.isAtBoundary() ? place.offset : std::max(finder.toPreviousBoundary(), qsizetype(0));
-    finder.setPosition(place.offset);
+    finder.setPosition(at);
+    const qsizetype from = finder.isAtBoundary() ? at : std::max(finder.toPreviousBoundary(), qsizetype(0));
+    finder.setPosition(at);
     const qsizetype to = finder.toNextBoundary();
     return {{place.paragraph, from}, {place.paragraph, to < 0 ? text.size() : to}};
 }

@@ -36,6 +36,9 @@ public:
     /// A page is so many pixels high. Going up and down keeps to the column where that began.
     [[nodiscard]] Place moved(Place from, CaretMove move, int pageHeight);
 
+    /// The caret was put somewhere else: the column is the one that it has there.
+    void forgetColumn() { m_column = -1; }
+
     struct Stretch
     {
         Place from;
@@ -47,6 +50,7 @@ public:
     [[nodiscard]] Stretch paragraphAt(Place place) const;
 
 private:
+    [[nodiscard]] qsizetype atColumn(const ShapedParagraph &shape, int y) const;
     [[nodiscard]] Place sideways(Place from, CaretMove move);
     [[nodiscard]] Place vertically(Place from, int pixels);
     [[nodiscard]] Place lineAbove(Place from);

@@ -6,6 +6,7 @@
 #include "richtext/rtf_writer.h"
 #include "richtext/text_search.h"
 
+#include <QAccessible>
 #include <QPainter>
 #include <QResizeEvent>
 #include <QScrollBar>
@@ -67,6 +68,9 @@ void RichEdit::append(const RichDocument &text)
     m_view.letGoOfEnd();
     nextFrame();
     announceAppended(*this, wasEmpty ? 0 : before);
+    if (caretAtEnd) {
+        announceCaret(*this, false);
+    }
     Q_EMIT textChanged();
 }
 
@@ -84,10 +88,12 @@ void RichEdit::insert(qsizetype position, const RichDocument &text)
 
 void RichEdit::clear()
 {
+    const QString before = QAccessible::isActive() ? m_spoken.text(0, m_spoken.length()) : QString();
     m_document.clear();
     m_editing.forget();
     m_layout.takeCleared();
     textWasChanged(0);
+    announceCleared(*this, before);
     select(0, 0);
     m_view.toEnd();
 }
@@ -114,10 +120,10 @@ RtfStatus RichEdit::insertRtf(qsizetype position, QStringView rtf)
 void RichEdit::insertPicture(const std::shared_ptr<const Picture> &picture)
 {
     RichDocument one;
-    ParagraphBuilder builder;
-    builder.appendPicture(one.pictureNumber(picture), 0);
-    one.replaceLast(builder.take(0));
     const qsizetype at = selectionStart();
+    ParagraphBuilder builder;
+    builder.appendPicture(one.pictureNumber(picture), one.formatNumber(m_editing.formatAt(at, one)));
+    one.replaceLast(builder.take(0));
     m_document.remove(at, selectionEnd());
     insert(at, one);
     select(at + 1, at + 1);
@@ -147,7 +153,8 @@ void RichEdit::selectionWasChanged()
 {
     nextFrame();
     startBlinking();
-    announceCaret(*this);
+    announceCaret(*this, hasSelection() || m_hadSelection);
+    m_hadSelection = hasSelection();
     Q_EMIT selectionChanged();
 }
 
@@ -224,7 +231,7 @@ void RichEdit::toEnd()
 void RichEdit::showPlace(Place place)
 {
     m_view.show(place);
-    showNow();
+    userScrolled();
 }
 
 RichEdit::Place RichEdit::placeAt(QPoint viewportPoint)
@@ -301,9 +308,13 @@ void RichEdit::scrollContentsBy([[maybe_unused]] int dx, int dy)
 
 void RichEdit::resizeEvent(QResizeEvent *event)
 {
+    const bool wasAtEnd = m_view.isAtEnd();
     m_view.setSize(event->size());
     placeFindBar();
     showNow();
+    if (m_view.isAtEnd() && !wasAtEnd) {
+        Q_EMIT scrolled(true); // a larger view has reached it
+    }
 }
 
 void RichEdit::changeEvent(QEvent *event)
@@ -320,6 +331,9 @@ void RichEdit::changeEvent(QEvent *event)
         nextFrame();
     } else if (event->type() == QEvent::EnabledChange || event->type() == QEvent::PaletteChange ||
                event->type() == QEvent::ActivationChange) {
+        if (!isActiveWindow()) {
+            endDrag(); // the release of the button may never be told
+        }
         viewport()->update();
     }
 }

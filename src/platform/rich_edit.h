@@ -137,10 +137,12 @@ private:
     bool moveCaret(QKeyEvent *event);
     void type(QStringView text);
     void deleteTowards(CaretMove move);
+    void takeStep(qsizetype behind);
     void selectionWasChanged();
     void pressAt(QPoint point, RichSelection::Unit unit, bool extend);
     void dragTo(QPoint point);
     void scrollWhileDragging();
+    void endDrag();
     void scrollSmoothly();
     void startBlinking();
     void fillMenu(QMenu &menu, const QUrl &link);
@@ -158,6 +160,7 @@ private:
     SpokenText m_spoken{m_document};
     FindBar *m_findBar = nullptr;
     bool m_readOnly = false;
+    bool m_hadSelection = false; ///< when that was last told to assistive programs
 
     QBasicTimer m_frameTimer;
     QElapsedTimer m_sinceFrame;

@@ -34,6 +34,18 @@ public:
                                           : QAccessibleWidget::text(kind);
     }
 
+    // The viewport is the text itself; a part is what is seen beside it.
+    int childCount() const override { return static_cast<int>(parts().size()); }
+    QAccessibleInterface *child(int index) const override
+    {
+        return QAccessible::queryAccessibleInterface(parts().value(index));
+    }
+    int indexOfChild(const QAccessibleInterface *child) const override
+    {
+        return static_cast<int>(parts().indexOf(qobject_cast<QWidget *>(child->object())));
+    }
+    QAccessibleInterface *childAt(int x, int y) const override;
+
     // The text.
     int characterCount() const override { return static_cast<int>(spoken().length()); }
     QString text(int from, int to) const override { return spoken().text(from, to); }
@@ -64,6 +76,8 @@ private:
     [[nodiscard]] RichEdit &box() const { return *static_cast<RichEdit *>(widget()); }
     [[nodiscard]] const SpokenText &spoken() const { return box().spokenText(); }
 
+    [[nodiscard]] QList<QWidget *> parts() const;
+
     struct Unit
     {
         qsizetype from;
@@ -72,6 +86,29 @@ private:
     [[nodiscard]] Unit unitAt(qsizetype offset, QAccessible::TextBoundaryType type) const;
     QString give(Unit unit, int *from, int *to) const;
 };
+
+QList<QWidget *> RichEditAccessible::parts() const
+{
+    QList<QWidget *> parts;
+    for (QObject *child : box().children()) {
+        auto *part = qobject_cast<QWidget *>(child);
+        if (part != nullptr && part != box().viewport() && !part->isWindow() && part->isVisibleTo(&box())) {
+            parts += part;
+        }
+    }
+    return parts;
+}
+
+QAccessibleInterface *RichEditAccessible::childAt(int x, int y) const
+{
+    const QPoint point = box().mapFromGlobal(QPoint(x, y));
+    for (QWidget *part : parts()) {
+        if (part->geometry().contains(point)) {
+            return QAccessible::queryAccessibleInterface(part);
+        }
+    }
+    return nullptr;
+}
 
 /// Messages are the units of lines and paragraphs; smaller ones are looked for inside a message. The line
 /// feed behind a message belongs to it.
@@ -88,6 +125,11 @@ RichEditAccessible::Unit RichEditAccessible::unitAt(qsizetype offset,
     const Unit whole{start, start + message.size() + (last ? 0 : 1)};
     if (type == QAccessible::ParagraphBoundary || type == QAccessible::LineBoundary) {
         return whole;
+    }
+    const Place place = spoken().placeAt(offset);
+    const Unit character{spoken().offsetOf(place), spoken().offsetOf({paragraph, place.offset + 1})};
+    if (type == QAccessible::CharBoundary && character.to - character.from > 1) {
+        return character; // a picture is its whole name
     }
     const auto kind = type == QAccessible::CharBoundary   ? QTextBoundaryFinder::Grapheme
                       : type == QAccessible::WordBoundary ? QTextBoundaryFinder::Word
@@ -149,7 +191,8 @@ QString RichEditAccessible::attributes(int offset, int *from, int *to) const
         }
         start = run.end;
     }
-    *from = *to = offset;
+    *from = offset;
+    *to = static_cast<int>(qMin(qsizetype(offset) + 1, qMax(spoken().length(), qsizetype(offset))));
     return {};
 }
 
@@ -165,7 +208,11 @@ void RichEditAccessible::selection(int index, int *from, int *to) const
 void RichEditAccessible::setSelection(int index, int from, int to)
 {
     if (index == 0) {
-        box().select(spoken().placeAt(from), spoken().placeAt(to));
+        Place end = spoken().placeAt(to);
+        if (from < to && spoken().offsetOf(end) < to) {
+            ++end.offset; // the end is inside a picture's name: the picture is selected
+        }
+        box().select(spoken().placeAt(from), end);
         box().showPlace(box().caretPlace());
     }
 }
@@ -227,10 +274,29 @@ void announceAppended(RichEdit &box, qsizetype firstParagraph)
     }
 }
 
-void announceCaret(RichEdit &box)
+void announceCaret(RichEdit &box, bool selectionToo)
 {
-    if (QAccessible::isActive()) {
-        QAccessibleTextCursorEvent event(&box, static_cast<int>(box.spokenText().offsetOf(box.caretPlace())));
+    if (!QAccessible::isActive()) {
+        return;
+    }
+    const auto offset = [&box](RichDocument::Place place) {
+        return static_cast<int>(box.spokenText().offsetOf(place));
+    };
+    const int caret = offset(box.caretPlace());
+    if (selectionToo) {
+        const int anchor = offset(box.anchorPlace());
+        QAccessibleTextSelectionEvent event(&box, qMin(anchor, caret), qMax(anchor, caret));
+        event.setCursorPosition(caret);
+        QAccessible::updateAccessibility(&event);
+    }
+    QAccessibleTextCursorEvent event(&box, caret);
+    QAccessible::updateAccessibility(&event);
+}
+
+void announceCleared(RichEdit &box, const QString &text)
+{
+    if (QAccessible::isActive() && !text.isEmpty()) {
+        QAccessibleTextRemoveEvent event(&box, 0, text);
         QAccessible::updateAccessibility(&event);
     }
 }

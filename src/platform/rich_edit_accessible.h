@@ -11,5 +11,7 @@ void installRichEditAccessibility();
 
 /// Paragraphs have been added to the box, from that one on.
 void announceAppended(RichEdit &box, qsizetype firstParagraph);
-/// The caret or the selection is another.
-void announceCaret(RichEdit &box);
+/// The caret is elsewhere, or the selection is another.
+void announceCaret(RichEdit &box, bool selectionToo);
+/// The text that was there is gone.
+void announceCleared(RichEdit &box, const QString &text);

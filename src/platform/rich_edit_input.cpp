@@ -53,7 +53,6 @@ struct DeleteKey
 };
 
 constexpr DeleteKey deleteKeys[] = {
-    {Key::Backspace, CaretMove::Previous},
     {Key::Delete, CaretMove::Next},
     {Key::DeleteStartOfWord, CaretMove::WordPrevious},
     {Key::DeleteEndOfWord, CaretMove::WordNext},
@@ -75,6 +74,13 @@ constexpr CommandKey commandKeys[] = {
     {Key::Undo, [](RichEdit &box) { box.undo(); }, true},
     {Key::Redo, [](RichEdit &box) { box.redo(); }, true},
 };
+
+/// Outside macOS the toolkit has no standard key for it.
+bool isBackspace(const QKeyEvent &event)
+{
+    return event.key() == Qt::Key_Backspace &&
+           (event.modifiers() & ~(Qt::ShiftModifier | Qt::GroupSwitchModifier)) == Qt::NoModifier;
+}
 
 bool isEnter(const QKeyEvent &event)
 {
@@ -99,7 +105,8 @@ bool RichEdit::event(QEvent *event)
     if (event->type() == QEvent::ShortcutOverride) {
         const auto *key = static_cast<QKeyEvent *>(event);
         const auto is = [key](const auto &each) { return key->matches(each.key); };
-        if (std::ranges::any_of(commandKeys, is) || (!m_readOnly && std::ranges::any_of(deleteKeys, is))) {
+        if (std::ranges::any_of(commandKeys, is) ||
+            (!m_readOnly && (isBackspace(*key) || std::ranges::any_of(deleteKeys, is)))) {
             event->accept();
             return true;
         }
@@ -122,6 +129,10 @@ void RichEdit::keyPressEvent(QKeyEvent *event)
     }
     if (m_readOnly) {
         event->ignore();
+        return;
+    }
+    if (isBackspace(*event)) {
+        deleteTowards(CaretMove::Previous);
         return;
     }
     for (const DeleteKey &each : deleteKeys) {
@@ -216,18 +227,26 @@ void RichEdit::paste()
     }
 }
 
+void RichEdit::takeStep(qsizetype behind)
+{
+    textWasChanged(0);
+    select(behind, behind);
+    m_view.show(m_selection.caret());
+    showNow();
+}
+
 void RichEdit::undo()
 {
-    const qsizetype caret = m_editing.undo();
-    textWasChanged(0);
-    select(caret, caret);
+    if (m_editing.canUndo()) {
+        takeStep(m_editing.undo());
+    }
 }
 
 void RichEdit::redo()
 {
-    const qsizetype caret = m_editing.redo();
-    textWasChanged(0);
-    select(caret, caret);
+    if (m_editing.canRedo()) {
+        takeStep(m_editing.redo());
+    }
 }
 
 void RichEdit::wheelEvent(QWheelEvent *event)
@@ -360,13 +379,18 @@ void RichEdit::scrollWhileDragging()
     userScrolled();
 }
 
+void RichEdit::endDrag()
+{
+    m_dragging = false;
+    m_dragTimer.stop();
+}
+
 void RichEdit::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton || !m_dragging) {
         return;
     }
-    m_dragging = false;
-    m_dragTimer.stop();
+    endDrag();
     if (hasSelection()) {
         if (QApplication::clipboard()->supportsSelection()) {
             QApplication::clipboard()->setMimeData(
@@ -551,9 +575,17 @@ void RichEdit::openFindBar()
             viewport()->update();
         });
     }
-    const bool isShort = m_selection.from().paragraph == m_selection.to().paragraph &&
-                         selectionEnd() - selectionStart() <= longestSeed;
-    m_findBar->open(isShort ? selectedText() : QString());
+    const Place from = m_selection.from();
+    QString seed;
+    if (m_selection.to().paragraph == from.paragraph &&
+        m_selection.to().offset - from.offset <= longestSeed) {
+        seed = m_document.paragraph(from.paragraph)
+                   .text()
+                   .sliced(from.offset, m_selection.to().offset - from.offset)
+                   .toString();
+    }
+    const bool typable = !seed.contains(QChar(pictureCharacter)) && !seed.contains(QChar(lineBreakCharacter));
+    m_findBar->open(typable ? seed : QString());
     placeFindBar();
     viewport()->update();
 }

@@ -25,14 +25,16 @@ public:
 
     void add(const ShapedParagraph &paragraph)
     {
-        int done = 0; // of the paragraph's height
+        int done = 0;  // of the paragraph's height
+        int first = 0; // the line that its part of this page begins with
         for (int line = 0; line < paragraph.lineCount(); ++line) {
             const QRect place = paragraph.caretRect(paragraph.lineStart(line));
-            if (m_y + place.bottom() + 1 - done > m_page.height() && (m_y > 0 || done > 0)) {
+            if (m_y + place.bottom() + 1 - done > m_page.height() && (m_y > 0 || line > first)) {
                 draw(paragraph, done, place.top());
                 m_printer.newPage();
                 m_y = 0;
                 done = place.top();
+                first = line;
             }
         }
         draw(paragraph, done, paragraph.height());

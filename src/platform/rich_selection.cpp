@@ -11,6 +11,12 @@ RichSelection::Place RichSelection::inside(Place place) const
 
 void RichSelection::select(Place anchor, Place caret)
 {
+    m_caretMoves.forgetColumn();
+    put(anchor, caret);
+}
+
+void RichSelection::put(Place anchor, Place caret)
+{
     m_anchor = inside(anchor);
     m_caret = inside(caret);
     m_unit = Unit::Character;
@@ -32,6 +38,7 @@ RichCaret::Stretch RichSelection::unitAt(Place place) const
 
 void RichSelection::begin(Place place, Unit unit)
 {
+    m_caretMoves.forgetColumn();
     m_unit = unit;
     m_start = unitAt(inside(place));
     m_anchor = m_start.from;
@@ -41,6 +48,7 @@ void RichSelection::begin(Place place, Unit unit)
 void RichSelection::extendTo(Place place)
 {
     const RichCaret::Stretch here = unitAt(inside(place));
+    m_caretMoves.forgetColumn();
     const bool back = here.from < m_start.from;
     m_anchor = back ? m_start.to : m_start.from;
     m_caret = back ? here.from : std::max(here.to, m_start.to);
@@ -49,10 +57,9 @@ void RichSelection::extendTo(Place place)
 void RichSelection::move(CaretMove way, bool extend, int pageHeight)
 {
     Place to = m_caretMoves.moved(m_caret, way, pageHeight);
-    if (!extend && !isEmpty() && way == CaretMove::Left) {
-        to = from();
-    } else if (!extend && !isEmpty() && way == CaretMove::Right) {
-        to = this->to();
+    if (!extend && !isEmpty() && (way == CaretMove::Left || way == CaretMove::Right)) {
+        const bool rightToLeft = m_document.paragraph(m_caret.paragraph).text().isRightToLeft();
+        to = (way == CaretMove::Left) != rightToLeft ? from() : this->to();
     }
-    select(extend ? m_anchor : to, to);
+    put(extend ? m_anchor : to, to);
 }

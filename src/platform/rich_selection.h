@@ -37,6 +37,7 @@ public:
     void move(CaretMove way, bool extend, int pageHeight);
 
 private:
+    void put(Place anchor, Place caret);
     [[nodiscard]] RichCaret::Stretch unitAt(Place place) const;
     [[nodiscard]] Place inside(Place place) const;
 

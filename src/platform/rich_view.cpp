@@ -12,7 +12,19 @@ constexpr int farAway = 20; // views; beyond, nothing between is measured
 void RichView::setSize(QSize size)
 {
     m_size = size;
-    m_layout.setWidth(size.width() - 2 * margin);
+    const int width = std::max(size.width() - 2 * margin, 1);
+    if (width == m_layout.width() || m_top.y <= 0) {
+        m_layout.setWidth(width);
+        return;
+    }
+    // The line at the top stays there, wherever it gets to in its paragraph.
+    const ShapedParagraph *top = &m_layout.shaped(m_top.paragraph);
+    const qsizetype start = top->lineStart(top->lineBelow(m_top.y));
+    const int inside = m_top.y - top->caretRect(start).top();
+    m_layout.setWidth(width);
+    top = &m_layout.shaped(m_top.paragraph);
+    const QRect line = top->caretRect(start);
+    m_top.y = line.top() + std::min(inside, line.height() - 1);
 }
 
 void RichView::takeChanged()
@@ -34,6 +46,9 @@ qint64 RichView::maximum() const
 
 void RichView::moveBy(qint64 pixels)
 {
+    if (m_atEnd) {
+        fillFromEnd(); // the end may be another than the one that was shown
+    }
     if (std::abs(pixels) > qint64(farAway) * std::max(m_size.height(), 1)) {
         toValue(value() + pixels);
         return;

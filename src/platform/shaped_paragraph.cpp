@@ -106,6 +106,8 @@ void ShapedParagraph::setPreedit(qsizetype offset, const QString &text)
             range.length += length;
         }
     }
+    composed.setFontLetterSpacing(0); // a picture's placeholder is spread
+    composed.setFontLetterSpacingType(QFont::AbsoluteSpacing);
     composed.setFontUnderline(true);
     formats += {at, length, composed};
     m_layout.setPreeditArea(at, text);

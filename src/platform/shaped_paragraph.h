@@ -43,6 +43,8 @@ public:
     [[nodiscard]] const QTextLayout &layout() const { return m_layout; }
     [[nodiscard]] qsizetype length() const { return m_layout.text().size(); }
     [[nodiscard]] int lineAt(qsizetype offset) const;
+    /// The line at a height; the nearest one outside.
+    [[nodiscard]] int lineBelow(int y) const;
     [[nodiscard]] int lineCount() const { return static_cast<int>(m_lines.size()); }
     [[nodiscard]] qsizetype lineStart(int line) const;
     [[nodiscard]] qsizetype lineEnd(int line) const;
@@ -67,7 +69,6 @@ private:
     [[nodiscard]] QRect pictureRect(const PlacedPicture &picture, const QTextLine &line) const;
     void drawPicture(QPainter &painter, const PlacedPicture &picture, const QRect &rect,
                      const QList<QTextLayout::FormatRange> &marks) const;
-    [[nodiscard]] int lineBelow(int y) const;
 
     const RichDocument &m_document;
     ParagraphFormat m_format;

@@ -13,7 +13,7 @@ QString cleaned(QStringView text)
         const char16_t c = text[at].unicode();
         if (c == u'\n' || (c == u'\r' && (at + 1 == text.size() || text[at + 1] != u'\n'))) {
             clean += QChar(lineBreakCharacter);
-        } else if (c == u'\t' || (c >= 0x20 && c != 0x7F && c != pictureCharacter)) {
+        } else if (c == u'\t' || (c >= 0x20 && (c < 0x7F || c >= 0xA0) && c != pictureCharacter)) {
             clean += QChar(c);
         }
     }
@@ -34,22 +34,29 @@ void TextEditing::forget()
     m_redo.clear();
 }
 
-qsizetype TextEditing::replace(qsizetype from, qsizetype to, QStringView text)
+/// That of the character before, else of the one behind.
+TextFormat TextEditing::formatAt(qsizetype position, RichDocument &other) const
 {
-    const QString clean = cleaned(text);
-    if (from == to && clean.isEmpty()) {
-        return from;
-    }
-    // The look of the character before, else of the one behind.
-    RichDocument neighbour = m_document.copy(from > 0 ? from - 1 : 0, from > 0 ? from : 1);
+    const RichDocument neighbour =
+        m_document.copy(position > 0 ? position - 1 : 0, position > 0 ? position : 1);
     TextFormat format = m_format;
     QString font = m_font;
     if (const auto runs = neighbour.paragraph(0).runs(); !runs.empty()) {
         format = neighbour.format(runs.front().format);
         font = neighbour.fonts()[format.font];
     }
+    format.font = other.fontNumber(font);
+    return format;
+}
+
+qsizetype TextEditing::replace(qsizetype from, qsizetype to, QStringView text)
+{
+    const QString clean = cleaned(text);
+    if (from == to && clean.isEmpty()) {
+        return from;
+    }
     RichDocument inserted;
-    format.font = inserted.fontNumber(font);
+    const TextFormat format = formatAt(from, inserted);
     ParagraphBuilder builder;
     builder.append(clean, inserted.formatNumber(format));
     inserted.replaceLast(builder.take(0));

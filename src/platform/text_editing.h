@@ -15,6 +15,9 @@ public:
     /// than tab are left out, and line ends become line breaks. Gives the position behind it.
     qsizetype replace(qsizetype from, qsizetype to, QStringView text);
 
+    /// The look that text typed at the position has, with a number of the other document for its font.
+    [[nodiscard]] TextFormat formatAt(qsizetype position, RichDocument &other) const;
+
     /// How text looks that is typed into an empty document.
     void setFormat(const TextFormat &format, const QString &font);
 

@@ -345,6 +345,9 @@ RichDocument RichDocument::copy(qsizetype from, qsizetype to) const
 void RichDocument::changeFormats(qsizetype from, qsizetype to,
                                  const std::function<void(TextFormat &)> &change)
 {
+    if (from >= to) {
+        return;
+    }
     const Place first = placeOf(from);
     qsizetype start = qBound(qsizetype(0), from, m_length) - first.offset;
     std::vector<std::optional<quint16>> changed(m_formats.size());

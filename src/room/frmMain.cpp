@@ -10,6 +10,7 @@
 #include "platform/rich_edit.h"
 #include "room/member_list.h"
 
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QMenu>
@@ -27,6 +28,13 @@ Widget *make(QWidget *parent, const char16_t *name, const QString &accessibleNam
     widget->setObjectName(QStringView(name).toString());
     widget->setAccessibleName(accessibleName);
     return widget;
+}
+
+/// A plain widget would be heard as a thing of no kind.
+QAccessibleInterface *accessibleFor([[maybe_unused]] const QString &className, QObject *object)
+{
+    auto *window = qobject_cast<frmMain *>(object);
+    return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Window);
 }
 
 } // namespace
@@ -50,6 +58,7 @@ frmMain::frmMain(SharedState &state, const Options &options, frmComms &link, Pro
       m_composing(state, link, *this),
       m_exitRoad(state, m_lifecycle, link)
 {
+    QAccessible::installFactory(accessibleFor); // a factory that is there already is not added again
     setObjectName(QStringLiteral("frmMain"));
     setRoomCaption({});
     arrange();
@@ -77,6 +86,7 @@ frmMain::~frmMain()
 void frmMain::arrange()
 {
     rtfMsgs->setReadOnly(true);
+    grdUserList->setHeaderLabel(tr("Members")); // not seen, but heard
     grdUserList->setHeaderHidden(true);
     grdUserList->setSelectionBehavior(QAbstractItemView::SelectItems);
     grdUserList->setRootIsDecorated(true);
@@ -160,6 +170,7 @@ void frmMain::send()
 void frmMain::showMenu()
 {
     QMenu menu(tr("Main Menu"), this);
+    menu.setAccessibleName(menu.title());
     QAction *leave = menu.addAction(tr("Leave Room"), this, [this] { m_lifecycle.LeaveRoom(true); });
     leave->setEnabled(m_state.InRoom && !m_state.IsRoomOwner);
     QAction *closeRoom = menu.addAction(tr("Close Room"), this, [this] { m_lifecycle.CloseRoom(true); });

@@ -5,6 +5,7 @@
 #include "richtext/rtf_reader.h"
 #include "room/message_look.h"
 
+#include <QFontInfo>
 #include <QGuiApplication>
 
 namespace {
@@ -26,10 +27,11 @@ void MessageBoard::setInputBox(const QFont &font, const ColourPair &colours)
     m_inputColours = colours;
     if (font != m_font) {
         m_font = font;
+        m_font.setPointSizeF(QFontInfo(font).pointSizeF()); // also of a font whose size is in pixels
         QFont boardFont(font.family());
-        boardFont.setPointSizeF(font.pointSizeF());
+        boardFont.setPointSizeF(m_font.pointSizeF());
         rtfMsgs.setBoxFont(boardFont);
-        rtfMsgs.setFontIn(0, rtfMsgs.document().length(), font.family(), font.pointSizeF());
+        rtfMsgs.setFontIn(0, rtfMsgs.document().length(), font.family(), m_font.pointSizeF());
     }
 }
 

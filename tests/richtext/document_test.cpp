@@ -1,36 +1,10 @@
+#include "richtext/documents.h"
 #include "richtext/dump.h"
 #include "support/text.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-/// Paragraphs of plain text; "b|" before one makes it bold, "*" stands for a picture with the code ":)".
-RichDocument documentOf(const QStringList &paragraphs)
-{
-    RichDocument document;
-    const quint16 smile = document.pictureNumber(std::make_shared<const Picture>(Picture{{}, u":)"_s}));
-    for (qsizetype index = 0; index < paragraphs.size(); ++index) {
-        TextFormat format;
-        format.bold = paragraphs[index].startsWith(u"b|");
-        const quint16 number = document.formatNumber(format);
-        ParagraphBuilder builder;
-        for (const QChar c : paragraphs[index].sliced(format.bold ? 2 : 0)) {
-            if (c == u'*') {
-                builder.appendPicture(smile, number);
-            } else {
-                builder.append(QStringView(&c, 1), number);
-            }
-        }
-        Paragraph paragraph = builder.take(0);
-        if (index == 0) {
-            document.replaceLast(std::move(paragraph));
-        } else {
-            document.appendParagraph(std::move(paragraph));
-        }
-    }
-    return document;
-}
 
 TEST(RichDocument, InsertingAtEveryPositionAndTakingItOutAgain)
 {
@@ -71,18 +45,31 @@ TEST(RichDocument, AppendingToAnEmptyOneTakesOverAll)
 
 TEST(RichDocument, ARangeChangesItsLookAndNothingElse)
 {
-    RichDocument document = documentOf({u"abc"_s, u"b|de*"_s, u"fg"_s});
-    document.changeFormats(2, 6, [&](TextFormat &format) {
+    RichDocument document = documentOf({u"a\U0001F600c"_s, u"b|d*e"_s, u"fg"_s});
+    document.changeFormats(3, 7, [&](TextFormat &format) {
         format.halfPoints = 20;
-        format.font = document.fontNumber(u"Mono"_s);
+        format.font = document.fontNumber(u"M"_s);
     });
-    EXPECT_EQ(dump(document), u"[24]ab[20 Mono]c\n[20 Mono b]de[24 b pic :)]\uFFFC\n[24]fg"_s);
-    document.changeParagraphFormats(4, 8, [](ParagraphFormat &format) { format.leftIndent = 10; });
-    EXPECT_EQ(dump(document),
-              u"[24]ab[20 Mono]c\n<0 0 10 0>[20 Mono b]de[24 b pic :)]\uFFFC\n<0 0 10 0>[24]fg"_s);
+    const QString look = u"[24]a\U0001F600[20 M]c\n%1[20 M b]d[20 M b pic :)]\uFFFC[24 b]e\n%1[24]fg"_s;
+    EXPECT_EQ(dump(document), look.arg(QString()));
+    document.changeParagraphFormats(5, 9, [](ParagraphFormat &format) { format.leftIndent = 10; });
+    EXPECT_EQ(dump(document), look.arg(u"<0 0 10 0>"_s));
     EXPECT_EQ(document.placeOf(-5).offset, 0);
     EXPECT_EQ(document.placeOf(99).paragraph, 2);
-    EXPECT_EQ(document.positionOf(2), 8);
+    EXPECT_EQ(document.positionOf(2), 9);
+}
+
+TEST(RichDocument, PicturesTakeThePlacesOfCodesInWhatWasAppended)
+{
+    RichDocument document;
+    document.append(documentOf({u"\U0001F600:) *:)"_s, u""_s}));
+    document.append(documentOf({u"b|:):)x"_s}));
+    document.changeFormats(3, 6, [](TextFormat &format) { format.italic = true; });
+    document.putPictures({{2, 2, 1}, {6, 2, 1}, {10, 2, 1}, {12, 2, 1}});
+    document.append(document);
+    const QString looks = u"[24]\U0001F600[24*][24 i] [24 i*][24*]\n\n[24 b*][24 b*][24 b]x"_s;
+    EXPECT_EQ(dump(document).remove(u'\uFFFC').replace(u" pic :)"_s, u"*"_s), looks + u'\n' + looks);
+    EXPECT_EQ(document.plainText(12, document.length()), document.plainText(0, 11));
 }
 
 } // namespace
