@@ -143,6 +143,7 @@ private:
     void dragTo(QPoint point);
     void scrollWhileDragging();
     void endDrag();
+    void offerSelection() const;
     void scrollSmoothly();
     void startBlinking();
     void fillMenu(QMenu &menu, const QUrl &link);

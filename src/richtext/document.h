@@ -7,9 +7,9 @@
 #include <QImage>
 #include <QStringList>
 
-#include <compare>
 #include <functional>
 #include <memory>
+#include <tuple>
 #include <vector>
 
 /// A picture in a text. It carries the code that it stands for, so that copying as text gives the code back,
@@ -103,7 +103,11 @@ public:
         qsizetype paragraph = 0;
         qsizetype offset = 0; ///< in the paragraph
 
-        friend auto operator<=>(const Place &, const Place &) = default;
+        friend bool operator==(const Place &, const Place &) = default;
+        friend bool operator<(const Place &one, const Place &other)
+        {
+            return std::tie(one.paragraph, one.offset) < std::tie(other.paragraph, other.offset);
+        }
     };
     /// Positions outside the text are taken as its nearest end.
     [[nodiscard]] Place placeOf(qsizetype position) const;
