@@ -1,0 +1,111 @@
+#!/usr/bin/env python3
+"""Draws the pictures of both skins as SVG: draw.py writes light/svg and dark/svg beside itself.
+
+Everything is laid out in pixels at 100 %: edges on whole numbers, one-pixel strokes on halves.
+Light ("Birch") is paper, round corners and leaf green; its icons are outlines with a pale fill.
+Dark ("Lantern") is ink, cut corners and a little amber; its icons are solid.
+"""
+
+import os
+import shutil
+import sys
+
+sys.dont_write_bytecode = True
+from controls import *
+from faces import *
+from icons import *
+from shapes import *
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+
+
+# ---- format buttons, tiles and the rest -----------------------------------------------------------------
+
+def overlays(light):
+    colour = BIRCH["ink"] if light else LANTERN["ink"]
+    bold = path("M5 3 H8.5 A2.5 2.5 0 0 1 8.5 8 H5 M5 8 H9 A2.5 2.5 0 0 1 9 13 H5 M5 2 V14", "none", colour, 2)
+    slant = path("M7 3 H12 M4 13 H9 M9.5 3 L6.5 13", "none", colour, 2,
+                 stroke_linecap="round" if light else "butt")
+    under = path("M5 1 V7 A3 3 0 0 0 11 7 V1", "none", colour, 2) + rect(3, 13, 10, 1, colour)
+    ink = "#4a2c0a" if light else "#2b1703"
+    face = circle(8, 8, 6.5, "#ffe27a", "#8a6100", 1) if light else rect(1, 1, 14, 14, "#ffc861", 5)
+    look = rect(5, 5, 2, 3, ink, 1) + rect(9, 5, 2, 3, ink, 1)
+    mouth = path("M4.8 9.7 Q8 13.1 11.2 9.7", "none", ink, 1.4, stroke_linecap="round")
+    return {"overlay-bold": svg(16, 16, bold), "overlay-italic": svg(16, 16, slant),
+            "overlay-underline": svg(16, 16, under),
+            "overlay-emoticon": svg(16, 16, face, look, mouth)}
+
+
+def light_tiles():
+    """Laid paper: one faint line in four."""
+    def laid(side, colour):
+        lines = [rect(0, y, side, 1, colour) for y in range(3, side, 4)]
+        return svg(side, side, rect(0, 0, side, side, BIRCH["paper"]), *lines)
+
+    return {"menu-ground": laid(16, "#f9fbf8"), "board-ground": laid(32, "#fbfcfa")}
+
+
+def dark_tiles():
+    return {"menu-ground": svg(16, 16, rect(0, 0, 16, 16, "#1a1f28"), rect(3, 3, 1, 1, "#1f252f"),
+                               rect(11, 11, 1, 1, "#1f252f")),
+            "board-ground": svg(16, 16, rect(0, 0, 16, 16, LANTERN["panel"]), rect(3, 3, 1, 1, "#141820"),
+                                rect(11, 11, 1, 1, "#141820"))}
+
+
+def light_skin():
+    pictures = {"mask": svg(1, 1, rect(0, 0, 1, 1, MASK))}
+    pictures |= soft_window() | soft_frame() | light_tiles() | overlays(True)
+    for kind in ("close", "min", "help"):
+        for state in ("normal", "over", "clicked"):
+            pictures[f"system-{kind}-{state}"] = soft_system(kind, state)
+    pictures |= button_set("button", 84, 28, soft_button)
+    pictures |= button_set("format", 26, 26, lambda w, h, s: soft_button(w, h, s, r=8), STATES + ("down",))
+    pictures |= button_set("font", 60, 26, soft_button)
+    pictures |= button_set("emotions", 84, 26, soft_button)
+    pictures |= button_set("send", 72, 30, lambda w, h, s: soft_button(w, h, s, strong=True))
+    pictures |= button_set("room-menu", 96, 28, lambda w, h, s: soft_button(w, h, s, menu_mark(9)))
+    pictures |= button_set("exit", 96, 28, lambda w, h, s: soft_button(w, h, s, exit_mark(8, "round")))
+    pictures |= button_set("info", 132, 26, lambda w, h, s: soft_button(w, h, s, info_mark(7, 6, "round")))
+    pictures |= button_set("select", 110, 28, soft_tab, STATES + ("down",))
+    pictures["web"] = web(True)
+    pictures |= heading_icons(True) | mood_icons(True) | menu_icons(Outline()) | status_icons(Outline())
+    return pictures | emoticons(light_emoticon)
+
+
+def dark_skin():
+    pictures = {"mask": svg(1, 1, rect(0, 0, 1, 1, MASK))}
+    pictures |= cut_window() | cut_frame() | dark_tiles() | overlays(False)
+    for kind in ("close", "min", "help"):
+        for state in ("normal", "over", "clicked"):
+            pictures[f"system-{kind}-{state}"] = cut_system(kind, state)
+    pictures |= button_set("button", 84, 28, cut_button)
+    pictures |= button_set("format", 26, 26, lambda w, h, s: cut_button(w, h, s, c=5), STATES + ("down",))
+    pictures |= button_set("font", 60, 26, cut_button)
+    pictures |= button_set("emotions", 84, 26, cut_button)
+    pictures |= button_set("send", 72, 30, lambda w, h, s: cut_button(w, h, s, strong=True))
+    pictures |= button_set("room-menu", 96, 28, lambda w, h, s: cut_button(w, h, s, menu_mark(9)))
+    pictures |= button_set("exit", 96, 28, lambda w, h, s: cut_button(w, h, s, exit_mark(8, "miter")))
+    pictures |= button_set("info", 132, 26, lambda w, h, s: cut_button(w, h, s, info_mark(7, 6, "cut")))
+    pictures |= button_set("select", 110, 28, cut_tab, STATES + ("down",))
+    pictures["web"] = web(False)
+    pictures |= heading_icons(False) | mood_icons(False) | menu_icons(Solid()) | status_icons(Solid())
+    return pictures | emoticons(dark_emoticon)
+
+
+def write(name, pictures):
+    folder = os.path.join(HERE, name, "svg")
+    shutil.rmtree(folder, ignore_errors=True)
+    os.makedirs(folder)
+    for picture, text in pictures.items():
+        with open(os.path.join(folder, picture + ".svg"), "w", encoding="utf-8", newline="\n") as out:
+            out.write(text)
+    print(f"{name}: {len(pictures)} pictures")
+
+
+def main():
+    write("light", light_skin())
+    write("dark", dark_skin())
+
+
+if __name__ == "__main__":
+    sys.exit(main())
