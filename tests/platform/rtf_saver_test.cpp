@@ -1,0 +1,60 @@
+#include "platform/rtf_saver.h"
+#include "richtext/documents.h"
+#include "richtext/rtf_reader.h"
+#include "support/eventually.h"
+#include "support/text.h"
+
+#include <QFile>
+#include <QProgressDialog>
+#include <QTemporaryDir>
+#include <QWidget>
+
+#include <optional>
+
+namespace {
+
+struct Saved
+{
+    bool saved;
+    int turns; ///< of the event loop, until it was
+};
+
+/// Stops it at that turn; 0 for never.
+Saved save(const RichDocument &document, const QString &path, int stopAt = 0)
+{
+    QWidget window;
+    RtfSaver saver(document.copy(0, document.length()), path, &window);
+    std::optional<bool> result;
+    QObject::connect(&saver, &RtfSaver::finished, [&](bool saved) { result = saved; });
+    saver.start();
+    int turns = 0;
+    EXPECT_TRUE(eventually([&] {
+        if (++turns == stopAt) {
+            window.findChild<QProgressDialog *>()->cancel();
+        }
+        return result.has_value();
+    }));
+    return {result.value_or(false), turns};
+}
+
+TEST(RtfSaver, TheFileAppearsWholeOrNotAtAll)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"session.rtf"_s);
+    const RichDocument document = documentOf(QStringList(60'000, u"b|a long evening with * and {braces}"_s));
+
+    EXPECT_FALSE(save(document, path, 2).saved);
+    EXPECT_FALSE(QFile::exists(path)) << "it was stopped";
+    EXPECT_FALSE(save(document, folder.filePath(u"none/session.rtf"_s)).saved);
+
+    const Saved whole = save(document, path);
+    ASSERT_TRUE(whole.saved);
+    EXPECT_GT(whole.turns, 4) << "others have had their turns meanwhile";
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    RichDocument read;
+    ASSERT_TRUE(readRtf(file.readAll(), read).isOk());
+    EXPECT_EQ(read.plainText(), document.plainText());
+}
+
+} // namespace
