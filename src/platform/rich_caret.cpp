@@ -12,6 +12,39 @@ bool isVertical(CaretMove move)
            move == CaretMove::PageDown;
 }
 
+/// Words are left and right of each other as their paragraph runs.
+CaretMove asTheTextRuns(CaretMove move, Qt::LayoutDirection direction)
+{
+    const bool leftIsBack = direction == Qt::LeftToRight;
+    if (move == CaretMove::WordLeft) {
+        return leftIsBack ? CaretMove::WordPrevious : CaretMove::WordNext;
+    }
+    if (move == CaretMove::WordRight) {
+        return leftIsBack ? CaretMove::WordNext : CaretMove::WordPrevious;
+    }
+    return move;
+}
+
+int destination(const QTextLayout &layout, int from, CaretMove move)
+{
+    switch (move) {
+    case CaretMove::Left:
+        return layout.leftCursorPosition(from);
+    case CaretMove::Right:
+        return layout.rightCursorPosition(from);
+    case CaretMove::Previous:
+        return layout.previousCursorPosition(from);
+    case CaretMove::Next:
+        return layout.nextCursorPosition(from);
+    case CaretMove::WordPrevious:
+        return layout.previousCursorPosition(from, QTextLayout::SkipWords);
+    case CaretMove::WordNext:
+        return layout.nextCursorPosition(from, QTextLayout::SkipWords);
+    default:
+        return from;
+    }
+}
+
 } // namespace
 
 RichCaret::Place RichCaret::moved(Place from, CaretMove move, int pageHeight)
@@ -73,40 +106,14 @@ RichCaret::Place RichCaret::before(Place from) const
 RichCaret::Place RichCaret::sideways(Place from, CaretMove move)
 {
     const QTextLayout &layout = m_layout.shaped(from.paragraph).layout();
-    const bool leftIsBack = layout.textOption().textDirection() == Qt::LeftToRight;
-    const int at = static_cast<int>(from.offset);
-    int to = at;
-    bool forward = false;
-    switch (move) {
-    case CaretMove::Left:
-        to = layout.leftCursorPosition(at);
-        forward = !leftIsBack;
-        break;
-    case CaretMove::Right:
-        to = layout.rightCursorPosition(at);
-        forward = leftIsBack;
-        break;
-    case CaretMove::WordLeft:
-        return sideways(from, leftIsBack ? CaretMove::WordPrevious : CaretMove::WordNext);
-    case CaretMove::WordRight:
-        return sideways(from, leftIsBack ? CaretMove::WordNext : CaretMove::WordPrevious);
-    case CaretMove::Previous:
-        to = layout.previousCursorPosition(at);
-        break;
-    case CaretMove::WordPrevious:
-        to = layout.previousCursorPosition(at, QTextLayout::SkipWords);
-        break;
-    case CaretMove::WordNext:
-        to = layout.nextCursorPosition(at, QTextLayout::SkipWords);
-        forward = true;
-        break;
-    default:
-        to = layout.nextCursorPosition(at);
-        forward = true;
-    }
-    if (to != at) {
+    const CaretMove way = asTheTextRuns(move, layout.textOption().textDirection());
+    const int to = destination(layout, static_cast<int>(from.offset), way);
+    if (to != from.offset) {
         return {from.paragraph, to};
     }
+    const bool leftIsBack = layout.textOption().textDirection() == Qt::LeftToRight;
+    const bool forward = way == CaretMove::Next || way == CaretMove::WordNext ||
+                         way == (leftIsBack ? CaretMove::Right : CaretMove::Left);
     return forward ? behind(from) : before(from);
 }
 

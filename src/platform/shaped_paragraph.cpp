@@ -126,7 +126,8 @@ void ShapedParagraph::breakLines(int width)
         line.setLineWidth(std::max(width - indent, 1));
         const int textHeight = static_cast<int>(std::ceil(line.height()));
         const int height = std::max(textHeight, tallestPicture(line));
-        line.setPosition(QPointF(indent, top + (height - textHeight) / 2));
+        const int textTop = top + (height - textHeight) / 2;
+        line.setPosition(QPointF(indent, textTop));
         m_lines.push_back({top, height});
         top += height;
         indent = left;

@@ -8,6 +8,8 @@
 #include <QFontInfo>
 #include <QGuiApplication>
 
+#include <cmath>
+
 namespace {
 
 constexpr qint32 spaceBeforeMessage = 80; // twips: 4 points
@@ -80,7 +82,7 @@ void MessageBoard::AddMessage(const QString &text, MessageKind kind, const QStri
     (void)readRtf(rtfOf(shown, kind, name, otherName, highlight), message);
     m_replacer.ReplaceEmoticons(message, m_inputColours.background);
     const quint16 font = message.fontNumber(m_font.family());
-    const auto halfPoints = static_cast<quint16>(m_font.pointSizeF() * 2 + 0.5);
+    const auto halfPoints = static_cast<quint16>(std::lround(m_font.pointSizeF() * 2));
     message.changeFormats(0, message.length(), [&](TextFormat &format) {
         format.font = font;
         format.halfPoints = halfPoints;
