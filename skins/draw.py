@@ -52,44 +52,35 @@ def dark_tiles():
                                 rect(11, 11, 1, 1, "#141820"))}
 
 
-def light_skin():
+def skin(is_light, pieces, system, button, format_corner, join, info, tab, icons, face):
+    """All pictures of a skin by name; what it does not share with the other one comes as arguments."""
     pictures = {"mask": svg(1, 1, rect(0, 0, 1, 1, MASK))}
-    pictures |= soft_window() | soft_frame() | light_tiles() | overlays(True)
+    pictures |= pieces | overlays(is_light)
     for kind in ("close", "min", "help"):
         for state in ("normal", "over", "clicked"):
-            pictures[f"system-{kind}-{state}"] = soft_system(kind, state)
-    pictures |= button_set("button", 84, 28, soft_button)
-    pictures |= button_set("format", 26, 26, lambda w, h, s: soft_button(w, h, s, r=8), STATES + ("down",))
-    pictures |= button_set("font", 60, 26, soft_button)
-    pictures |= button_set("emotions", 84, 26, soft_button)
-    pictures |= button_set("send", 72, 30, lambda w, h, s: soft_button(w, h, s, strong=True))
-    pictures |= button_set("room-menu", 96, 28, lambda w, h, s: soft_button(w, h, s, menu_mark(9)))
-    pictures |= button_set("exit", 96, 28, lambda w, h, s: soft_button(w, h, s, exit_mark(8, "round")))
-    pictures |= button_set("info", 132, 26, lambda w, h, s: soft_button(w, h, s, info_mark(7, 6, "round")))
-    pictures |= button_set("select", 110, 28, soft_tab, STATES + ("down",))
-    pictures["web"] = web(True)
-    pictures |= heading_icons(True) | mood_icons(True) | menu_icons(Outline()) | status_icons(Outline())
-    return pictures | emoticons(light_emoticon)
+            pictures[f"system-{kind}-{state}"] = system(kind, state)
+    pictures |= button_set("button", 84, 28, button)
+    pictures |= button_set("format", 26, 26, lambda w, h, s: button(w, h, s, **format_corner), STATES + ("down",))
+    pictures |= button_set("font", 60, 26, button)
+    pictures |= button_set("emotions", 84, 26, button)
+    pictures |= button_set("send", 72, 30, lambda w, h, s: button(w, h, s, strong=True))
+    pictures |= button_set("room-menu", 96, 28, lambda w, h, s: button(w, h, s, menu_mark(9)))
+    pictures |= button_set("exit", 96, 28, lambda w, h, s: button(w, h, s, exit_mark(8, join)))
+    pictures |= button_set("info", 132, 26, lambda w, h, s: button(w, h, s, info_mark(7, 6, info)))
+    pictures |= button_set("select", 110, 28, tab, STATES + ("down",))
+    pictures["web"] = web(is_light)
+    pictures |= heading_icons(is_light) | mood_icons(is_light) | menu_icons(icons()) | status_icons(icons())
+    return pictures | emoticons(face)
+
+
+def light_skin():
+    pieces = soft_window() | soft_frame() | light_tiles()
+    return skin(True, pieces, soft_system, soft_button, {"r": 8}, "round", "round", soft_tab, Outline, light_emoticon)
 
 
 def dark_skin():
-    pictures = {"mask": svg(1, 1, rect(0, 0, 1, 1, MASK))}
-    pictures |= cut_window() | cut_frame() | dark_tiles() | overlays(False)
-    for kind in ("close", "min", "help"):
-        for state in ("normal", "over", "clicked"):
-            pictures[f"system-{kind}-{state}"] = cut_system(kind, state)
-    pictures |= button_set("button", 84, 28, cut_button)
-    pictures |= button_set("format", 26, 26, lambda w, h, s: cut_button(w, h, s, c=5), STATES + ("down",))
-    pictures |= button_set("font", 60, 26, cut_button)
-    pictures |= button_set("emotions", 84, 26, cut_button)
-    pictures |= button_set("send", 72, 30, lambda w, h, s: cut_button(w, h, s, strong=True))
-    pictures |= button_set("room-menu", 96, 28, lambda w, h, s: cut_button(w, h, s, menu_mark(9)))
-    pictures |= button_set("exit", 96, 28, lambda w, h, s: cut_button(w, h, s, exit_mark(8, "miter")))
-    pictures |= button_set("info", 132, 26, lambda w, h, s: cut_button(w, h, s, info_mark(7, 6, "cut")))
-    pictures |= button_set("select", 110, 28, cut_tab, STATES + ("down",))
-    pictures["web"] = web(False)
-    pictures |= heading_icons(False) | mood_icons(False) | menu_icons(Solid()) | status_icons(Solid())
-    return pictures | emoticons(dark_emoticon)
+    pieces = cut_window() | cut_frame() | dark_tiles()
+    return skin(False, pieces, cut_system, cut_button, {"c": 5}, "miter", "cut", cut_tab, Solid, dark_emoticon)
 
 
 def write(name, pictures):

@@ -171,7 +171,7 @@ QByteArray RichEdit::selectedRtf() const
 void RichEdit::setFontIn(qsizetype from, qsizetype to, const QString &family, double points)
 {
     const quint16 font = m_document.fontNumber(family);
-    const auto halfPoints = static_cast<quint16>(std::clamp(points * 2 + 0.5, 1.0, 3276.0));
+    const auto halfPoints = halfPointsOf(points);
     m_document.changeFormats(from, to, [&](TextFormat &format) {
         format.font = font;
         format.halfPoints = halfPoints;
@@ -186,11 +186,6 @@ void RichEdit::setSpaceBefore(qsizetype from, qsizetype to, double points)
         format.spaceBefore = static_cast<qint32>(points * twipsPerPoint);
     });
     textWasChanged(m_document.placeOf(from).paragraph);
-}
-
-void RichEdit::setBoxFont(const QFont &boxFont)
-{
-    setFont(boxFont);
 }
 
 void RichEdit::setTextColour(const QColor &colour)
@@ -323,7 +318,7 @@ void RichEdit::changeEvent(QEvent *event)
     if (event->type() == QEvent::FontChange) {
         m_layout.setBaseFont(font());
         TextFormat format;
-        format.halfPoints = static_cast<quint16>(std::clamp(font().pointSizeF() * 2 + 0.5, 1.0, 3276.0));
+        format.halfPoints = halfPointsOf(font().pointSizeF());
         format.bold = font().bold();
         format.italic = font().italic();
         format.underline = font().underline();

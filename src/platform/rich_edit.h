@@ -10,7 +10,6 @@
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 #include <QElapsedTimer>
-#include <QPointer>
 
 class FindBar;
 class QMenu;
@@ -18,7 +17,8 @@ class QPrinter;
 
 /// A box of rich text: the message board, a private conversation, or what one writes in. It shows a document
 /// of its own; what arrives is painted once a frame, however much it is. Positions count characters as the
-/// document does. Enter only makes returnPressed(); Shift+Enter breaks the line where one may write.
+/// document does. The widget's font is that of text that names none. Enter only makes returnPressed();
+/// Shift+Enter breaks the line where one may write.
 class RichEdit final : public QAbstractScrollArea
 {
     Q_OBJECT
@@ -62,8 +62,6 @@ public:
     // Looks over a range.
     void setFontIn(qsizetype from, qsizetype to, const QString &family, double points);
     void setSpaceBefore(qsizetype from, qsizetype to, double points);
-    /// The font of text that names none, and of what is written into an empty box.
-    void setBoxFont(const QFont &font);
     /// Of text that has no colour of its own.
     void setTextColour(const QColor &colour);
     void setBackgroundColour(const QColor &colour);

@@ -7,8 +7,6 @@
 #include <QClipboard>
 #include <QKeyEvent>
 
-#include <optional>
-
 namespace {
 
 using Key = QKeySequence::StandardKey;
@@ -90,6 +88,7 @@ bool isTyping(const QKeyEvent &event)
 }
 
 } // namespace
+
 bool RichEdit::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
@@ -303,7 +302,6 @@ void RichEdit::openFindBar()
         connect(m_findBar, &FindBar::nextAsked, this, [this] { find(false, true); });
         connect(m_findBar, &FindBar::previousAsked, this, [this] { find(true, true); });
         connect(m_findBar, &FindBar::closed, this, [this] {
-            setFocus();
             placeFindBar();
             viewport()->update();
         });

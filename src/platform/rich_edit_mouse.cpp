@@ -202,7 +202,9 @@ bool RichEdit::viewportEvent(QEvent *event)
             QToolTip::hideText();
             event->ignore();
         } else {
-            QToolTip::showText(help->globalPos(), link.toDisplayString().toHtmlEscaped(), viewport());
+            // Without the tag an address would be shown as plain text, its escapes included.
+            const QString shown = u"<qt>" + link.toDisplayString().toHtmlEscaped() + u"</qt>";
+            QToolTip::showText(help->globalPos(), shown, viewport());
         }
         return true;
     }

@@ -133,7 +133,7 @@ const ShapedParagraph &RichLayout::shaped(qsizetype paragraph)
     if (!shape) {
         shape = std::make_unique<ShapedParagraph>(m_document, m_document.paragraph(paragraph), m_looks);
         if (!m_preedit.isEmpty() && m_preeditPlace.paragraph == paragraph) {
-            shape->setPreedit(m_preeditPlace.offset, m_preedit);
+            shape->setPreedit(std::min(m_preeditPlace.offset, shape->length()), m_preedit);
         }
     }
     if (shape->width() != m_width) {

@@ -50,7 +50,6 @@ public:
 
     /// Forgets the shapes of paragraphs outside the range when there are many.
     void keepOnly(qsizetype first, qsizetype last);
-    [[nodiscard]] std::size_t shapedCount() const { return m_shaped.size(); }
 
 private:
     /// What is known of each paragraph.

@@ -4,6 +4,9 @@
 
 #include <QHashFunctions>
 
+#include <algorithm>
+#include <cmath>
+
 /// Stands for the colour that the place where the text is shown has by itself.
 inline constexpr ColourValue automaticColour = 0xFFFFFFFF;
 
@@ -26,6 +29,13 @@ struct TextFormat
                           format.italic, format.underline, format.strikeOut);
     }
 };
+
+/// A size in points as formats hold it: at least half a point, at most what RTF can say.
+[[nodiscard]] inline quint16 halfPointsOf(double points)
+{
+    constexpr double largest = 3276;
+    return static_cast<quint16>(std::lround(std::clamp(points * 2, 1.0, largest)));
+}
 
 /// How a paragraph stands. Lengths in twips, 1440 to the inch.
 struct ParagraphFormat

@@ -8,8 +8,6 @@
 #include <QFontInfo>
 #include <QGuiApplication>
 
-#include <cmath>
-
 namespace {
 
 constexpr qint32 spaceBeforeMessage = 80; // twips: 4 points
@@ -29,10 +27,12 @@ void MessageBoard::setInputBox(const QFont &font, const ColourPair &colours)
     m_inputColours = colours;
     if (font != m_font) {
         m_font = font;
-        m_font.setPointSizeF(QFontInfo(font).pointSizeF()); // also of a font whose size is in pixels
+        if (font.pointSizeF() <= 0) { // its size is in pixels
+            m_font.setPointSizeF(QFontInfo(font).pointSizeF());
+        }
         QFont boardFont(font.family());
         boardFont.setPointSizeF(m_font.pointSizeF());
-        rtfMsgs.setBoxFont(boardFont);
+        rtfMsgs.setFont(boardFont);
         rtfMsgs.setFontIn(0, rtfMsgs.document().length(), font.family(), m_font.pointSizeF());
     }
 }
@@ -82,7 +82,7 @@ void MessageBoard::AddMessage(const QString &text, MessageKind kind, const QStri
     (void)readRtf(rtfOf(shown, kind, name, otherName, highlight), message);
     m_replacer.ReplaceEmoticons(message, m_inputColours.background);
     const quint16 font = message.fontNumber(m_font.family());
-    const auto halfPoints = static_cast<quint16>(std::lround(m_font.pointSizeF() * 2));
+    const auto halfPoints = halfPointsOf(m_font.pointSizeF());
     message.changeFormats(0, message.length(), [&](TextFormat &format) {
         format.font = font;
         format.halfPoints = halfPoints;

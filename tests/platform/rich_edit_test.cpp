@@ -12,6 +12,8 @@
 #include <QMimeData>
 #include <QPrinter>
 #include <QTemporaryFile>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 
 struct RichEditTest : QObject, testing::Test
 {
@@ -56,6 +58,16 @@ struct RichEditTest : QObject, testing::Test
     QString signalled;
     int paints = 0; ///< of what this is the event filter of
 };
+
+TEST_F(RichEditTest, ALinkTellsWhereItLeads)
+{
+    show({u"www.a.b/?c&d"_s});
+    const QPoint onLink = caretRect(3).center();
+    QHelpEvent hover(QEvent::ToolTip, onLink, box.viewport()->mapToGlobal(onLink));
+    QCoreApplication::sendEvent(box.viewport(), &hover);
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText(), u"http://www.a.b/?c&d"_s);
+    EXPECT_TRUE(Qt::mightBeRichText(QToolTip::text())) << "else the escapes are seen";
+}
 
 TEST_F(RichEditTest, SelectingWithTheMouseAndCopying)
 {
