@@ -1,0 +1,37 @@
+#include "skin/skin_in_use.h"
+
+#include "core/clsMyApp.h"
+
+#include <iostream>
+
+namespace {
+
+void toStandardError(const QString &line)
+{
+    std::cerr << line.toStdString() << std::endl;
+}
+
+} // namespace
+
+SkinInUse::SkinInUse(const clsMyApp &myApp, WindowFrame frame, Report report)
+    : m_myApp(myApp),
+      m_frame(frame),
+      m_report(report ? std::move(report) : Report(toStandardError)),
+      m_description(std::make_unique<clsSkinResourceNew>(myApp))
+{}
+
+bool SkinInUse::change()
+{
+    auto description = std::make_unique<clsSkinResourceNew>(m_myApp);
+    try {
+        description->Initialize();
+    } catch (const SkinError &error) {
+        m_report(QString(u"skin not used: " % error.reason()));
+        return false;
+    }
+    for (const QString &note : description->notes()) {
+        m_report(QString(u"skin: " % note));
+    }
+    m_description = std::move(description);
+    return true;
+}

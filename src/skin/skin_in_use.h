@@ -1,0 +1,45 @@
+#pragma once
+
+#include "skin/clsSkinResourceNew.h"
+
+#include <functional>
+#include <memory>
+
+class QString;
+class clsMyApp;
+
+/// Who draws the windows' borders: the skin, or the desktop for those who tile their windows.
+enum class WindowFrame
+{
+    Skin,
+    Native
+};
+
+/// The one skin that every window wears. A change happens as a whole or not at all: the new skin takes the
+/// old one's place when it has been read to its end.
+class SkinInUse
+{
+public:
+    /// Gets one line for everything that is wrong with a skin, for people to read.
+    using Report = std::function<void(const QString &line)>;
+
+    /// The application helper names the skin file; without a report the lines go to standard error.
+    explicit SkinInUse(const clsMyApp &myApp, WindowFrame frame = WindowFrame::Skin, Report report = {});
+
+    /// Reads the skin that the application helper names. False, with the reason reported, when it cannot be
+    /// used: the one before stays. Where there is no such file, everything is empty.
+    bool change();
+
+    /// As long as no change happens; windows ask again afterwards.
+    [[nodiscard]] clsSkinResourceNew &description() const { return *m_description; }
+    [[nodiscard]] WindowFrame frame() const { return m_frame; }
+    [[nodiscard]] const clsMyApp &myApp() const { return m_myApp; }
+
+    void report(const QString &line) const { m_report(line); }
+
+private:
+    const clsMyApp &m_myApp;
+    WindowFrame m_frame;
+    Report m_report;
+    std::unique_ptr<clsSkinResourceNew> m_description;
+};
