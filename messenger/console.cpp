@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "messenger/default_world.h"
 #include "messenger/guest_script.h"
+#include "messenger/skin_files.h"
 #include "messenger/world.h"
 
 #include <algorithm>
@@ -66,7 +67,7 @@ const Console::Entry Console::table[] = {
     {u"help", u"", 1, &Console::help, u"list the commands"},
     {u"users", u"", 1, &Console::users, u"list the users"},
     {u"rooms", u"", 1, &Console::rooms, u"list the rooms"},
-    {u"skin", u"PATH", 2, &Console::skin, u"have every client change to this skin"},
+    {u"skin", u"SKIN", 2, &Console::skin, u"have every client change to this skin"},
     {u"offline", u"", 1, &Console::offline, u"lose the server"},
     {u"online", u"", 1, &Console::online, u"find the server again"},
     {u"close", u"ROOM", 2, &Console::closeRoom, u"close a room"},
@@ -128,7 +129,7 @@ QString Console::rooms(const QStringList & /*words*/)
 
 QString Console::skin(const QStringList &words)
 {
-    m_world.setSkin(words[1]);
+    m_world.setSkin(findSkin(words[1], m_skinFolders));
     return {};
 }
 

@@ -20,6 +20,9 @@ public:
     /// for an empty line. A text or a name is the rest of its line.
     QString run(const QString &line);
 
+    /// Where a skin that is named without a path is looked for; see findSkin().
+    void setSkinFolders(const QStringList &folders) { m_skinFolders = folders; }
+
 private:
     struct Entry;
     static const Entry table[];
@@ -42,6 +45,7 @@ private:
 
     World &m_world;
     std::function<void()> m_quit;
+    QStringList m_skinFolders;
 };
 
 } // namespace messenger

@@ -9,6 +9,7 @@
 #include "messenger/guests.h"
 #include "messenger/replies.h"
 #include "messenger/requests.h"
+#include "messenger/skin_files.h"
 #include "messenger/users_file.h"
 #include "messenger/world.h"
 #include "platform/code_page.h"
@@ -105,8 +106,11 @@ Messenger::Messenger(const MessengerOptions &options, QObject *parent) : QObject
     m_options.home = homeOf(options);
     const auto quit = [this] { Q_EMIT quitRequested(); };
     m_engine = std::make_unique<messenger::Engine>(options, usersOf(options.usersFile, m_problems), quit);
-    m_engine->world.setSkin(options.skin.isEmpty() ? QString(m_options.home % u"skins/Light.skn")
-                                                   : options.skin);
+    const QStringList folders =
+        messenger::skinFolders(m_options.home, QCoreApplication::applicationDirPath());
+    m_engine->console.setSkinFolders(folders);
+    m_engine->world.setSkin(
+        messenger::findSkin(options.skin.isEmpty() ? QStringLiteral("Light") : options.skin, folders));
     m_engine->guestTimer.setSingleShot(true);
     m_engine->guestTimer.setTimerType(Qt::PreciseTimer);
     connect(&m_engine->guestTimer, &QTimer::timeout, this, &Messenger::moveGuests);

@@ -80,7 +80,7 @@ QString usageText()
         "  --users FILE  the users that clients are: id, nickname, status and mood, with tabs between them\n"
         "  --guests N    people the rooms with this many scripted guests (default: 0)\n"
         "  --seed N      with the same seed the guests do the same (default: 1)\n"
-        "  --skin FILE   the skin that clients are told to use\n"
+        "  --skin SKIN   the skin that clients are told to use: a file, or a name like Dark\n"
         "  --verbose     log every message in and out on standard error\n"
         "  --help        print this and end\n"
         "  --version     print the version and end\n"

@@ -11,7 +11,7 @@ struct MessengerOptions
     QString usersFile;    ///< empty is the built-in table of users
     int guests = 0;       ///< how many scripted guests people the rooms
     quint32 seed = 1;     ///< with the same seed the guests do the same
-    QString skin;         ///< path of the skin file; empty is skins/Light.skn of the application folder
+    QString skin;         ///< path of the skin file, or the name of one that is there; empty is Light
     bool verbose = false; ///< every message in and out is logged on standard error
 };
 

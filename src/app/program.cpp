@@ -42,6 +42,7 @@ bool Program::Main()
         return fail(QStringLiteral("No skin found"),
                     QStringLiteral("Error loading skin for Pylox Chat Client."));
     }
+    loadSkin();
     if (!retrieveDetails()) {
         return fail(QStringLiteral("No Details"),
                     QStringLiteral("Error retrieving your details from Pylox Messenger."));
@@ -77,9 +78,22 @@ bool Program::retrieveDetails()
     return true;
 }
 
+/// Without a skin that can be used the program looks as the desktop does.
+void Program::loadSkin()
+{
+    const QString frame = m_settings.ReadValue(QStringLiteral("NativeFrame"), {}, QStringLiteral("Chat"));
+    m_skin = std::make_unique<SkinInUse>(m_myApp,
+                                         leadingInt32(frame) == 1 ? WindowFrame::Native : WindowFrame::Skin);
+    if (!clsMyApp::IsFile(m_myApp.Skin)) {
+        m_skin->report(QString(u"skin not used: there is no file \"" % m_myApp.Skin % u'"'));
+    }
+    m_skin->change();
+}
+
 void Program::showRoom()
 {
-    m_window = std::make_unique<frmMain>(m_state, m_options, *m_link, m_prompts, m_commandLine, m_emoticons);
+    m_window = std::make_unique<frmMain>(m_state, m_options, *m_link, m_prompts, m_commandLine,
+                                         RoomLooks{*m_skin, m_loadedWindows, m_emoticons});
     connect(m_window.get(), &frmMain::exited, this, &Program::ended);
     connect(m_window.get(), &frmMain::addressActivated, this,
             [this](const QUrl &address) { m_addresses.open(address); });

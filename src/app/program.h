@@ -8,6 +8,7 @@
 #include "emotions/emoticon_file.h"
 #include "platform/settings_file.h"
 #include "platform/skinnable.h"
+#include "skin/skin_in_use.h"
 
 #include <QObject>
 
@@ -45,6 +46,7 @@ Q_SIGNALS:
 private:
     [[nodiscard]] bool fail(const QString &caption, const QString &text);
     [[nodiscard]] bool retrieveDetails();
+    void loadSkin();
     void showRoom();
 
     CommandLine m_commandLine;
@@ -58,6 +60,7 @@ private:
     EmoticonFile m_emoticons;
     SettingsFile m_settings;
     LoadedWindows m_loadedWindows;
+    std::unique_ptr<SkinInUse> m_skin;
     std::unique_ptr<frmComms> m_link;
     std::unique_ptr<frmMain> m_window;
 };

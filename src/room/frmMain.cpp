@@ -9,6 +9,9 @@
 #include "platform/prompts.h"
 #include "platform/rich_edit.h"
 #include "room/member_list.h"
+#include "skin/icon_list.h"
+#include "skin/skin_chat_colours.h"
+#include "skin/skin_in_use.h"
 
 #include <QAccessibleWidget>
 #include <QCloseEvent>
@@ -40,18 +43,19 @@ QAccessibleInterface *accessibleFor([[maybe_unused]] const QString &className, Q
 } // namespace
 
 frmMain::frmMain(SharedState &state, const Options &options, frmComms &link, Prompts &prompts,
-                 const CommandLine &commandLine, EmoticonFile &emoticons)
+                 const CommandLine &commandLine, const RoomLooks &looks)
     : m_state(state),
       m_link(link),
       m_prompts(prompts),
       m_commandLine(commandLine),
+      m_looks(looks),
       rtfMsgs(make<RichEdit>(this, u"rtfMsgs", tr("Message board"))),
       rtfText(make<QLineEdit>(this, u"rtfText", tr("Message"))),
       grdUserList(make<QTreeWidget>(this, u"grdUserList", tr("Members"))),
       smdSend(make<QPushButton>(this, u"smdSend", tr("Send"))),
       smdMenu(make<QPushButton>(this, u"smdMenu", tr("Menu"))),
       smdExit(make<QPushButton>(this, u"smdExit", tr("Exit"))),
-      m_messages(*rtfMsgs, options, m_skinColours, emoticons, imgList),
+      m_messages(*rtfMsgs, options, m_skinColours, looks.emoticons, imgList),
       m_lifecycle(state, m_chatters, link, *this, prompts),
       m_events(state, options, m_chatters, link, m_lifecycle, *this),
       m_admission(state, m_chatters, link, *this),
@@ -62,7 +66,8 @@ frmMain::frmMain(SharedState &state, const Options &options, frmComms &link, Pro
     setObjectName(QStringLiteral("frmMain"));
     setRoomCaption({});
     arrange();
-    addBuiltInEmoticons(imgList);
+    SetupFormSkin();
+    m_looks.windows.enter(*this);
     rtfMsgs->setTextColour(toColor(options.CMTC));
     rtfMsgs->setBackgroundColour(toColor(options.CMBC));
     connect(rtfMsgs, &RichEdit::linkActivated, this, &frmMain::addressActivated);
@@ -80,7 +85,33 @@ frmMain::frmMain(SharedState &state, const Options &options, frmComms &link, Pro
 
 frmMain::~frmMain()
 {
+    m_looks.windows.leave(*this);
     m_link.setRoomEvents(nullptr);
+}
+
+void frmMain::DoSkinChange()
+{
+    if (m_looks.skin.change()) {
+        SetupFormSkin();
+    }
+}
+
+void frmMain::SetupFormSkin()
+{
+    m_skinColours = chatColoursOf(m_looks.skin.description());
+    fillIcons();
+}
+
+/// Icons that the skin lacks are the program's own.
+void frmMain::fillIcons()
+{
+    imgList.clear();
+    addBuiltInEmoticons(imgList);
+    try {
+        addProgramIcons(imgList, m_looks.skin.myApp(), devicePixelRatioF());
+    } catch (const SkinError &error) {
+        m_looks.skin.report(QString(u"skin icons not used: " % error.reason()));
+    }
 }
 
 void frmMain::arrange()

@@ -2,6 +2,7 @@
 
 #include "core/chat_colours.h"
 #include "platform/image_list.h"
+#include "platform/skinnable.h"
 #include "room/admission.h"
 #include "room/colChatters.h"
 #include "room/composing.h"
@@ -20,19 +21,32 @@ class QLineEdit;
 class QPushButton;
 class QTreeWidget;
 class RichEdit;
+class SkinInUse;
 class frmComms;
 struct Options;
 struct SharedState;
 
+/// Where the room window has its looks from. All of them must stay.
+struct RoomLooks
+{
+    SkinInUse &skin;
+    LoadedWindows &windows;
+    EmoticonFile &emoticons;
+};
+
 /// The room window: it owns its widgets and the classes that do the work, and passes on what the user does.
-class frmMain final : public QWidget, public RoomView
+class frmMain final : public QWidget, public RoomView, public Skinnable
 {
     Q_OBJECT
 
 public:
     frmMain(SharedState &state, const Options &options, frmComms &link, Prompts &prompts,
-            const CommandLine &commandLine, EmoticonFile &emoticons);
+            const CommandLine &commandLine, const RoomLooks &looks);
     ~frmMain() override;
+
+    /// Puts the new skin in the place of the one in use and wears it; the old one stays if the new cannot be
+    /// read.
+    void DoSkinChange() override;
 
     void AddMessage(const QString &text, MessageKind kind, const QString &name = {},
                     const QString &otherName = {}, bool highlight = false) override;
@@ -55,6 +69,8 @@ protected:
 
 private:
     void arrange();
+    void SetupFormSkin();
+    void fillIcons();
     void activateFirst();
     void send();
     void showMenu();
@@ -64,6 +80,7 @@ private:
     frmComms &m_link;
     Prompts &m_prompts;
     const CommandLine &m_commandLine;
+    RoomLooks m_looks;
 
     RichEdit *rtfMsgs;
     QLineEdit *rtfText;

@@ -2,6 +2,7 @@
 #include "emotions/emoticon_file.h"
 #include "platform/rich_edit.h"
 #include "room/frmMain.h"
+#include "skin/skin_in_use.h"
 #include "support/link_fixture.h"
 
 #include <QKeyEvent>
@@ -41,7 +42,8 @@ struct RoomWindow : LinkFixture
     CommandLine commandLine;
     QTemporaryDir folder;
     EmoticonFile emoticons{QString(folder.path() + u"/"_s)};
-    frmMain window{state, options, link, prompts, commandLine, emoticons};
+    SkinInUse skin{myApp};
+    frmMain window{state, options, link, prompts, commandLine, {skin, windows, emoticons}};
     QLineEdit *text = window.findChild<QLineEdit *>(u"rtfText"_s);
     RichEdit *board = window.findChild<RichEdit *>(u"rtfMsgs"_s);
 };
