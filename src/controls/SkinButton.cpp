@@ -192,7 +192,9 @@ void SkinButton::FinishSkin()
         clearMask();
     }
     updateGeometry();
+    Sequence.restart();
     m_shown = chosenState();
+    setOver(m_isOver); // the sequence may have begun, or ended, below a resting pointer
     update();
 }
 

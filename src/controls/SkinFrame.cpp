@@ -46,6 +46,13 @@ void SkinFrame::SetSkin(FramePiece piece, const SkinBitmap &bitmap)
     if (indexOf(piece) < m_pieces.size()) {
         m_pieces[indexOf(piece)] = bitmap == nullptr ? nullptr : withoutMask(*bitmap, MaskColour);
     }
+    m_picture = {};
+}
+
+void SkinFrame::Refresh()
+{
+    m_picture = {};
+    update();
 }
 
 int SkinFrame::ClientArea(FrameMeasure measure) const
@@ -90,11 +97,29 @@ QSize SkinFrame::sizeOf(FramePiece piece) const
     return bitmap == nullptr ? QSize(0, 0) : bitmap->size();
 }
 
-/// Edges are tiled from 0; the corners, which come last, cover their ends.
 void SkinFrame::paintEvent(QPaintEvent * /*event*/)
 {
-    QPainter picture(this);
-    AlignedPainter painter(picture);
+    QPainter painter(this);
+    const QTransform toDevice = painter.deviceTransform();
+    const AlignedPainter aligned(painter);
+    const QRect area = aligned.onDevice(rect());
+    if (m_picture.size() != area.size() || m_toDevice != toDevice) {
+        m_toDevice = toDevice;
+        m_picture = QImage(area.size(), QImage::Format_ARGB32_Premultiplied);
+        m_picture.fill(Qt::transparent);
+        QPainter picture(&m_picture);
+        picture.setWorldTransform(toDevice * QTransform::fromTranslate(-area.x(), -area.y()));
+        picture.setCompositionMode(QPainter::CompositionMode_Source);
+        AlignedPainter onPicture(picture);
+        compose(onPicture);
+    }
+    painter.drawImage(area.topLeft(), m_picture);
+}
+
+/// Edges are tiled from 0; the corners, which come last, cover their ends. Pieces replace what is below them:
+/// a hole in a corner is a hole in the frame.
+void SkinFrame::compose(AlignedPainter &painter) const
+{
     const ColourValue ground = SystemColours(palette()).resolve(BackColor);
     if (ground != MaskColour) {
         painter.fill(rect(), toColor(ground));

@@ -3,9 +3,13 @@
 #include "core/colours.h"
 #include "skin/cDIBSection.h"
 
+#include <QImage>
+#include <QTransform>
 #include <QWidget>
 
 #include <array>
+
+class AlignedPainter;
 
 /// What SetSkin takes. The numbers are the interface.
 enum class FramePiece : int
@@ -33,7 +37,8 @@ enum class FrameMeasure : int
 };
 
 /// A border of skin pictures round an area of a window. What stands inside is placed over it by the window,
-/// which asks for the client area. Pixels of the mask colour show the window behind.
+/// which asks for the client area. What is transparent or has the mask colour in the finished picture shows
+/// the window behind.
 class SkinFrame final : public QWidget
 {
     Q_OBJECT
@@ -50,7 +55,8 @@ public:
     /// Places and sizes the frame so that the control, which has the same parent, fills its client area.
     void Wrap(const QWidget &control);
 
-    void Refresh() { update(); }
+    /// Draws it anew; also after a change of its colours.
+    void Refresh();
 
     /// Hundredths of a millimetre in pixels, halves to the even one.
     [[nodiscard]] int ScaleX(int hundredths) const;
@@ -64,6 +70,9 @@ protected:
 
 private:
     [[nodiscard]] QSize sizeOf(FramePiece piece) const;
+    void compose(AlignedPainter &painter) const;
 
     std::array<SkinBitmap, 9> m_pieces; ///< by FramePiece
+    QImage m_picture;                   ///< in device pixels; null when it is to be drawn anew
+    QTransform m_toDevice;              ///< for which the picture was drawn
 };

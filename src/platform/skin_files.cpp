@@ -45,11 +45,11 @@ std::variant<SkinArchive, SkinFolder> openPlace(const QString &path)
     if (info.fileName() == skinTomlName) {
         return SkinFolder(info.absolutePath(), path);
     }
-    const QByteArray bytes = readWhole(path, SkinLimits::bytes, path, {});
+    QByteArray bytes = readWhole(path, SkinLimits::bytes, path, {});
     if (bytes.isEmpty()) {
         throw SkinError(path, {}, QStringLiteral("the file is empty"));
     }
-    return SkinArchive(bytes, path);
+    return SkinArchive(std::move(bytes), path);
 }
 
 } // namespace
@@ -65,7 +65,7 @@ SkinFolder::SkinFolder(const QString &folder, const QString &file)
 /// Where the path leads when all links are followed; empty when it leads nowhere.
 QString SkinFolder::placeOf(const QString &path) const
 {
-    const QString place = QFileInfo(QString(m_root + u'/' + path)).canonicalFilePath();
+    QString place = QFileInfo(QString(m_root + u'/' + path)).canonicalFilePath();
     const QString inside = m_root.endsWith(u'/') ? m_root : QString(m_root + u'/');
     if (!place.isEmpty() && place != m_root && !place.startsWith(inside)) {
         throw SkinError(m_file, printable(path), QStringLiteral("it lies outside the skin"));

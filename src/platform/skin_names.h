@@ -8,11 +8,11 @@
 
 /// The most that a skin may hold. Who made it is a stranger, and how large it says it is may be a lie.
 namespace SkinLimits {
-inline constexpr qint64 bytes = 64 * 1024 * 1024; // the archive itself, and all its entries unpacked
-inline constexpr qint64 tomlBytes = 1024 * 1024;
+inline constexpr qint64 bytes = qint64{64} << 20; // the archive itself, and all its entries unpacked
+inline constexpr qint64 tomlBytes = qint64{1} << 20;
 inline constexpr int entries = 4096;
 inline constexpr int pictureSide = 4096;
-inline constexpr qint64 pixels = 64 * 1024 * 1024; // of all pictures that are read from one skin
+inline constexpr qint64 pixels = qint64{64} << 20; // of all pictures that are read from one skin
 } // namespace SkinLimits
 
 inline constexpr char16_t skinTomlName[] = u"skin.toml";

@@ -5,6 +5,8 @@
 
 namespace {
 
+constexpr qsizetype mostNotes = 500;
+
 SkinTables readTables(SkinFiles &files)
 {
     const auto toml = files.read(QString::fromUtf16(skinTomlName), SkinLimits::tomlBytes);
@@ -112,9 +114,9 @@ SkinValue SkinStorage::convert(const QString &key, const SkinTomlValue &value, S
     if (name != nullptr) {
         return picture(key, *name);
     }
-    const SkinValue converted = type == SkinType::Colour ? valueOr(colourOf(value))
-                                : type == SkinType::Text ? valueOr(textOf(value))
-                                                         : valueOr(fontOf(value));
+    SkinValue converted = type == SkinType::Colour ? valueOr(colourOf(value))
+                          : type == SkinType::Text ? valueOr(textOf(value))
+                                                   : valueOr(fontOf(value));
     if (converted.index() == 0) {
         note(key, QString(wantedWords(type) + u", not " + kindOf(value)));
     }
@@ -146,7 +148,7 @@ SkinValue SkinStorage::picture(const QString &key, const QString &name)
 void SkinStorage::note(const QString &key, const QString &why)
 {
     const QString line = QString(m_open->files.file() + u": " + m_section + u", " + key + u": " + why);
-    if (!m_notes.contains(line)) {
+    if (m_notes.size() < mostNotes && !m_notes.contains(line)) {
         m_notes += line;
     }
 }

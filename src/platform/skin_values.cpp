@@ -38,12 +38,25 @@ std::optional<ColourValue> colourOfText(const QString &text)
     return ((rgb & 0xFF) << 16) | (rgb & 0xFF00) | (rgb >> 16);
 }
 
-std::optional<double> pointsOf(const SkinScalar &size)
+const SkinScalar *fieldOf(const Fields &fields, const QString &name)
 {
+    const auto field = fields.constFind(name);
+    return field == fields.constEnd() ? nullptr : &*field;
+}
+
+QString faceOf(const Fields &fields)
+{
+    const QString *face = std::get_if<QString>(fieldOf(fields, QStringLiteral("face")));
+    return face == nullptr || face->size() > longestFace ? QString() : face->trimmed();
+}
+
+std::optional<double> pointsOf(const Fields &fields)
+{
+    const SkinScalar *size = fieldOf(fields, QStringLiteral("size"));
     double points = 0;
-    if (const auto *whole = std::get_if<qint64>(&size)) {
+    if (const auto *whole = std::get_if<qint64>(size)) {
         points = static_cast<double>(*whole);
-    } else if (const auto *real = std::get_if<double>(&size)) {
+    } else if (const auto *real = std::get_if<double>(size)) {
         points = *real;
     }
     return points >= smallestPoints && points <= largestPoints ? std::optional(points) : std::nullopt;
@@ -52,12 +65,12 @@ std::optional<double> pointsOf(const SkinScalar &size)
 /// False when the field is there and is not true or false.
 bool applyFlag(const Fields &fields, const QString &name, QFont &font, void (QFont::*set)(bool))
 {
-    const SkinScalar field = fields.value(name, SkinScalar(false));
-    const bool *flag = std::get_if<bool>(&field);
+    const SkinScalar *field = fieldOf(fields, name);
+    const bool *flag = std::get_if<bool>(field);
     if (flag != nullptr) {
         (font.*set)(*flag);
     }
-    return flag != nullptr;
+    return field == nullptr || flag != nullptr;
 }
 
 } // namespace
@@ -99,13 +112,12 @@ std::optional<QFont> fontOf(const SkinTomlValue &value)
     if (fields == nullptr) {
         return std::nullopt;
     }
-    const SkinScalar face = fields->value(QStringLiteral("face"));
-    const auto *name = std::get_if<QString>(&face);
-    const std::optional<double> points = pointsOf(fields->value(QStringLiteral("size")));
-    if (name == nullptr || name->trimmed().isEmpty() || name->size() > longestFace || !points) {
+    const QString face = faceOf(*fields);
+    const std::optional<double> points = pointsOf(*fields);
+    if (face.isEmpty() || !points) {
         return std::nullopt;
     }
-    QFont font(*name);
+    QFont font(face);
     font.setPointSizeF(*points);
     const bool isWhole = applyFlag(*fields, QStringLiteral("bold"), font, &QFont::setBold) &&
                          applyFlag(*fields, QStringLiteral("italic"), font, &QFont::setItalic) &&

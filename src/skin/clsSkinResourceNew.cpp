@@ -36,7 +36,21 @@ void clsSkinResourceNew::Initialize()
         readSection(storage, section, SkinReading::AtStart);
     }
     m_hasOverlays = true;
+    tryOnDemand(storage);
     m_notes = storage.notes();
+}
+
+/// What is read later must not turn out to be unfit when windows wear the skin already.
+void clsSkinResourceNew::tryOnDemand(SkinStorage &storage)
+{
+    for (const SkinSection &section : skinCatalogue()) {
+        storage.SetSection(section.name.toString());
+        for (const SkinKey &key : section.keys) {
+            if (key.reading == SkinReading::OnDemand) {
+                static_cast<void>(storage.GetValue(key.name.toString(), SkinType::Object));
+            }
+        }
+    }
 }
 
 bool clsSkinResourceNew::openIfThere(SkinStorage &storage) const

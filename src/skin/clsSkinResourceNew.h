@@ -49,6 +49,7 @@ private:
 
     [[nodiscard]] bool openIfThere(SkinStorage &storage) const;
     void readSection(SkinStorage &storage, const SkinSection &section, SkinReading reading);
+    static void tryOnDemand(SkinStorage &storage);
     void readSystemButtons();
     void loadSelectButton();
     void acquireInfoButton(std::unique_ptr<SkinStorage> &storage);
