@@ -241,6 +241,7 @@ QWidget *SkinSheet::makeBoard()
 {
     auto *board = new RichEdit;
     board->setReadOnly(true);
+    board->setFrameShape(QFrame::NoFrame);
     board->resize(460, boardHeight);
     board->setTextColour(toColor(m_colours.chattersMessage.text));
     board->setBackgroundColour(toColor(m_colours.chattersMessage.background));
