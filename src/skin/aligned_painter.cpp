@@ -28,6 +28,11 @@ void AlignedPainter::draw(QPoint place, const cDIBSection &picture, const QRect 
     }
 }
 
+void AlignedPainter::drawInBlocks(QPoint place, const cDIBSection &picture)
+{
+    m_painter.drawImage(onDevice(QRect(place, picture.size())), picture.image());
+}
+
 void AlignedPainter::fill(const QRect &area, const QColor &colour)
 {
     m_painter.fillRect(onDevice(area), colour);

@@ -21,6 +21,8 @@ public:
     /// The whole picture at its own size, its top left corner there.
     void draw(QPoint place, const cDIBSection &picture);
     void draw(QPoint place, const cDIBSection &picture, const QRect &part);
+    /// The same without the finer layer and without smoothing: its pixels become blocks.
+    void drawInBlocks(QPoint place, const cDIBSection &picture);
     void fill(const QRect &area, const QColor &colour);
 
     /// The device pixels of this area.

@@ -146,6 +146,11 @@ QColor clsSkin::groundColour() const
 void clsSkin::place(AlignedPainter &painter, PieceIndex index, QPoint picture, QPoint shape)
 {
     const Piece &piece = m_pieces[index];
+    if (m_buffer.devicePixelRatio() > 1) {
+        // The shape keeps to pixels at 100 %: the ground must not shine through where a finer edge leaves part
+        // of one free.
+        painter.drawInBlocks(picture, *piece.bitmap);
+    }
     painter.draw(picture, *piece.bitmap);
     m_regions->MergeRegion(piece.key, shape.x(), shape.y());
 }
