@@ -28,9 +28,15 @@ struct Options
     ColourValue SERROR = ChatColours().serverError;
     ColourValue HIGHLIGHT = 65535; ///< behind the words of highlighted members
 
+    bool SHOWEMOTIONS = true;                          ///< the list of emotions stands beside the board
     bool IGNORECOL = false;                            ///< the skin's colours instead of these
+    quint8 WORDFILER = 0;                              ///< how far words are filtered: kept, and not used
     bool EMOTICONS = true;                             ///< show pictures in the place of codes
     bool ShowEnterLeave = true;                        ///< post a notice when a member enters or leaves
     bool ShowFriendOnline = true;                      ///< post a notice when a contact comes online
     enum AcceptMode AcceptMode = AcceptMode::Everyone; ///< any other number: the owner decides each time
 };
+
+/// The options of a user who has chosen nothing, under a skin with these colours. Where the skin gives words
+/// and their ground the same colour, the ground becomes the inverse.
+[[nodiscard]] Options defaultOptions(const ChatColours &skin);
