@@ -5,13 +5,16 @@
 #include "platform/addresses.h"
 #include "platform/prompts.h"
 #include "room/frmMain.h"
+#include "skin/skin_chat_colours.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QGuiApplication>
 
 namespace {
 
-constexpr int settingsMode = 512; // what the messenger's settings component expects
+constexpr double designedFontSize = 10; // points, of what is written
+constexpr int settingsMode = 512;       // what the messenger's settings component expects
 
 } // namespace
 
@@ -92,8 +95,12 @@ void Program::loadSkin()
 
 void Program::showRoom()
 {
-    m_window = std::make_unique<frmMain>(m_state, m_options, *m_link, m_prompts, m_commandLine,
-                                         RoomLooks{*m_skin, m_loadedWindows, m_emoticons});
+    const QFont designed = QGuiApplication::font();
+    m_savedSettings.load(chatColoursOf(m_skin->description()),
+                         {designed.family(), designedFontSize, false, false, false});
+    m_window =
+        std::make_unique<frmMain>(m_state, m_options, *m_link, m_prompts, m_commandLine,
+                                  RoomLooks{*m_skin, m_loadedWindows, m_emoticons, m_savedSettings.font()});
     connect(m_window.get(), &frmMain::exited, this, &Program::ended);
     connect(m_window.get(), &frmMain::addressActivated, this,
             [this](const QUrl &address) { m_addresses.open(address); });

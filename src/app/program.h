@@ -8,6 +8,7 @@
 #include "emotions/emoticon_file.h"
 #include "platform/settings_file.h"
 #include "platform/skinnable.h"
+#include "room/saved_settings.h"
 #include "skin/skin_in_use.h"
 
 #include <QObject>
@@ -57,6 +58,7 @@ private:
     SharedState m_state;
     Options m_options;
     clsMyApp m_myApp;
+    SavedSettings m_savedSettings{m_myApp, m_options, m_state.lists};
     EmoticonFile m_emoticons;
     SettingsFile m_settings;
     LoadedWindows m_loadedWindows;

@@ -33,6 +33,16 @@ Widget *make(QWidget *parent, const char16_t *name, const QString &accessibleNam
     return widget;
 }
 
+QFont toFont(const ComposeFont &saved)
+{
+    QFont font(saved.name);
+    font.setPointSizeF(saved.size);
+    font.setBold(saved.bold);
+    font.setItalic(saved.italic);
+    font.setUnderline(saved.underlined);
+    return font;
+}
+
 /// A plain widget would be heard as a thing of no kind.
 QAccessibleInterface *accessibleFor([[maybe_unused]] const QString &className, QObject *object)
 {
@@ -66,6 +76,8 @@ frmMain::frmMain(SharedState &state, const Options &options, frmComms &link, Pro
     setObjectName(QStringLiteral("frmMain"));
     setRoomCaption({});
     arrange();
+    rtfText->setFont(toFont(m_looks.font));
+    m_messages.setInputBox(rtfText->font(), {});
     SetupFormSkin();
     m_looks.windows.enter(*this);
     rtfMsgs->setTextColour(toColor(options.CMTC));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/chat_colours.h"
+#include "core/options_text.h"
 #include "platform/image_list.h"
 #include "platform/skinnable.h"
 #include "room/admission.h"
@@ -32,6 +33,7 @@ struct RoomLooks
     SkinInUse &skin;
     LoadedWindows &windows;
     EmoticonFile &emoticons;
+    const ComposeFont &font; ///< to write in
 };
 
 /// The room window: it owns its widgets and the classes that do the work, and passes on what the user does.

@@ -43,7 +43,8 @@ struct RoomWindow : LinkFixture
     QTemporaryDir folder;
     EmoticonFile emoticons{QString(folder.path() + u"/"_s)};
     SkinInUse skin{myApp};
-    frmMain window{state, options, link, prompts, commandLine, {skin, windows, emoticons}};
+    ComposeFont font{u"DejaVu Sans"_s};
+    frmMain window{state, options, link, prompts, commandLine, {skin, windows, emoticons, font}};
     QLineEdit *text = window.findChild<QLineEdit *>(u"rtfText"_s);
     RichEdit *board = window.findChild<RichEdit *>(u"rtfMsgs"_s);
 };
