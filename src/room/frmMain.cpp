@@ -15,8 +15,10 @@
 
 #include <QAccessibleWidget>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -69,6 +71,7 @@ frmMain::frmMain(SharedState &state, const Options &options, frmComms &link, Pro
       m_lifecycle(state, m_chatters, link, *this, prompts),
       m_events(state, options, m_chatters, link, m_lifecycle, *this),
       m_admission(state, m_chatters, link, *this),
+      m_memberActions(state, m_chatters, link, *this),
       m_composing(state, link, *this),
       m_exitRoad(state, m_lifecycle, link)
 {
@@ -134,6 +137,8 @@ void frmMain::arrange()
     grdUserList->setSelectionBehavior(QAbstractItemView::SelectItems);
     grdUserList->setRootIsDecorated(true);
     grdUserList->setFixedWidth(180);
+    grdUserList->viewport()->installEventFilter(this); // the mouse
+    grdUserList->installEventFilter(this);             // the menu key
     smdSend->setText(tr("&Send"));
     smdMenu->setText(tr("&Menu"));
     smdExit->setText(tr("E&xit"));
@@ -221,6 +226,54 @@ void frmMain::showMenu()
     menu.addSeparator();
     menu.addAction(tr("Help"), this, [this] { Q_EMIT helpRequested(QStringLiteral("using_chat")); });
     menu.exec(smdMenu->mapToGlobal(QPoint(0, -menu.sizeHint().height())));
+}
+
+/// The right button opens the menu of a member; of one who waits for approval the left one does too.
+bool frmMain::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == grdUserList->viewport() && event->type() == QEvent::MouseButtonRelease) {
+        const auto *mouse = static_cast<QMouseEvent *>(event);
+        const QModelIndex row = grdUserList->indexAt(mouse->position().toPoint());
+        const auto member = m_chatters.Item(positionOf(row));
+        if (mouse->button() == Qt::RightButton || (member != nullptr && member->Pending)) {
+            showMemberMenu(row, mouse->globalPosition().toPoint());
+        }
+    } else if (watched == grdUserList && event->type() == QEvent::ContextMenu &&
+               static_cast<QContextMenuEvent *>(event)->reason() == QContextMenuEvent::Keyboard) {
+        showMemberMenuByKey();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void frmMain::showMemberMenuByKey()
+{
+    const QModelIndex row = grdUserList->currentIndex();
+    const QRect place = grdUserList->visualRect(row);
+    showMemberMenu(row, grdUserList->viewport()->mapToGlobal(place.bottomLeft()));
+}
+
+void frmMain::showMemberMenu(const QModelIndex &row, QPoint globalPlace)
+{
+    const MemberMenu member = memberMenu(m_chatters, positionOf(row), m_state);
+    if (member.entries.isEmpty()) {
+        return;
+    }
+    auto *menu = new QMenu(member.title, this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setAccessibleName(menu->title());
+    for (const MemberMenuEntry &entry : member.entries) {
+        if (entry.action == MemberAction::Separator) {
+            menu->addSeparator();
+            continue;
+        }
+        QAction *action = menu->addAction(
+            entry.text, this, [this, member, what = entry.action] { m_memberActions.perform(what, member); });
+        action->setEnabled(entry.enabled);
+        action->setCheckable(entry.checked.has_value());
+        action->setChecked(entry.checked.value_or(false));
+    }
+    menu->popup(globalPlace);
 }
 
 void frmMain::AddMessage(const QString &text, MessageKind kind, const QString &name, const QString &otherName,

@@ -8,6 +8,7 @@
 #include "room/colChatters.h"
 #include "room/composing.h"
 #include "room/exit_road.h"
+#include "room/member_menu.h"
 #include "room/message_board.h"
 #include "room/room_events.h"
 #include "room/room_lifecycle.h"
@@ -19,6 +20,7 @@ class CommandLine;
 class EmoticonFile;
 class Prompts;
 class QLineEdit;
+class QModelIndex;
 class QPushButton;
 class QTreeWidget;
 class RichEdit;
@@ -68,6 +70,7 @@ Q_SIGNALS:
 protected:
     void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void arrange();
@@ -76,6 +79,8 @@ private:
     void activateFirst();
     void send();
     void showMenu();
+    void showMemberMenu(const QModelIndex &row, QPoint globalPlace);
+    void showMemberMenuByKey();
     [[nodiscard]] bool mayClose() const;
 
     SharedState &m_state;
@@ -98,6 +103,7 @@ private:
     RoomLifecycle m_lifecycle;
     RoomEvents m_events;
     Admission m_admission;
+    MemberActions m_memberActions;
     Composing m_composing;
     ExitRoad m_exitRoad;
     bool m_shownBefore = false;

@@ -74,3 +74,8 @@ void drawMemberList(QTreeWidget &list, const colChatters &chatters, const Shared
     list.verticalScrollBar()->setValue(firstRow);
     list.setUpdatesEnabled(true);
 }
+
+qsizetype positionOf(const QModelIndex &row)
+{
+    return row.data(Qt::UserRole).toLongLong();
+}
