@@ -1,7 +1,10 @@
 #include "platform/message_boxes.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileDialog>
 #include <QMessageBox>
+#include <QStandardPaths>
 
 namespace {
 
@@ -37,4 +40,11 @@ PromptAnswer MessageBoxes::ask(const QString &text, const QString &caption, Prom
         return PromptAnswer::Ok;
     }
     return pressed == QMessageBox::Yes ? PromptAnswer::Yes : PromptAnswer::No;
+}
+
+QString MessageBoxes::ShowSave(const QString &title, const QString &proposedName, const QString &filter)
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileDialog::getSaveFileName(QApplication::activeWindow(), title,
+                                        QDir(folder).filePath(proposedName), filter);
 }

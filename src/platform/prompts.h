@@ -21,8 +21,8 @@ enum class PromptAnswer
     No
 };
 
-/// Message boxes. Asking blocks the caller while events go on; a box closed without an answer says No, or Ok
-/// where there is nothing to decline.
+/// Message boxes, and the dialogs that ask for a file. Asking blocks the caller while events go on; a box
+/// closed without an answer says No, or Ok where there is nothing to decline.
 class Prompts
 {
 public:
@@ -33,6 +33,10 @@ public:
 
     virtual PromptAnswer ask(const QString &text, const QString &caption, PromptIcon icon,
                              PromptButtons buttons) = 0;
+
+    /// The file to be written, whose folder exists; before one that is there is chosen, the user is asked.
+    /// Empty when the user cancels. The filter is the toolkit's: "Description (*.ext)".
+    virtual QString ShowSave(const QString &title, const QString &proposedName, const QString &filter) = 0;
 
     /// A box with nothing to decide.
     void tell(const QString &text, const QString &caption, PromptIcon icon)

@@ -68,6 +68,7 @@ frmMain::frmMain(SharedState &state, const Options &options, frmComms &link, Pro
       smdMenu(make<QPushButton>(this, u"smdMenu", tr("Menu"))),
       smdExit(make<QPushButton>(this, u"smdExit", tr("Exit"))),
       m_messages(*rtfMsgs, options, m_skinColours, looks.emoticons, imgList),
+      m_session(*rtfMsgs, prompts, this),
       m_lifecycle(state, m_chatters, link, *this, prompts),
       m_events(state, options, m_chatters, link, m_lifecycle, *this),
       m_admission(state, m_chatters, link, *this),
@@ -223,6 +224,9 @@ void frmMain::showMenu()
     leave->setEnabled(m_state.InRoom && !m_state.IsRoomOwner);
     QAction *closeRoom = menu.addAction(tr("Close Room"), this, [this] { m_lifecycle.CloseRoom(true); });
     closeRoom->setEnabled(m_state.InRoom && m_state.IsRoomOwner);
+    menu.addSeparator();
+    menu.addAction(tr("Save Session"), &m_session, &SessionCommands::save);
+    menu.addAction(tr("Print Session"), &m_session, &SessionCommands::print);
     menu.addSeparator();
     menu.addAction(tr("Help"), this, [this] { Q_EMIT helpRequested(QStringLiteral("using_chat")); });
     menu.exec(smdMenu->mapToGlobal(QPoint(0, -menu.sizeHint().height())));

@@ -13,6 +13,7 @@
 #include "room/room_events.h"
 #include "room/room_lifecycle.h"
 #include "room/room_view.h"
+#include "room/session_commands.h"
 
 #include <QWidget>
 
@@ -99,6 +100,7 @@ private:
     ChatColours m_skinColours;
     ImageList imgList;
     MessageBoard m_messages;
+    SessionCommands m_session;
     colChatters m_chatters;
     RoomLifecycle m_lifecycle;
     RoomEvents m_events;

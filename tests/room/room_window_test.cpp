@@ -2,6 +2,7 @@
 #include "emotions/emoticon_file.h"
 #include "platform/rich_edit.h"
 #include "room/frmMain.h"
+#include "room/session_commands.h"
 #include "skin/skin_in_use.h"
 #include "support/link_fixture.h"
 
@@ -91,6 +92,37 @@ TEST_F(RoomWindow, EveryControlHasAName)
         const bool isReached = (widget->focusPolicy() & Qt::TabFocus) != 0;
         EXPECT_EQ(isReached, !widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
     }
+}
+
+TEST_F(RoomWindow, SavesTheSessionOrNothing)
+{
+    EXPECT_EQ(sessionDate(QDate(2026, 3, 5)), u"05-Mar-2026"_s);
+    SessionCommands session(*board, prompts, &window);
+    std::optional<bool> whole;
+    QObject::connect(&session, &SessionCommands::saved, [&](bool saved) { whole = saved; });
+    window.AddMessage(u"hello"_s, MessageKind::Normal);
+    session.save();
+    const QString today = sessionDate(QDate::currentDate());
+    EXPECT_EQ(prompts.boxes.last(),
+              QString(u"Save: Save Session to File: Chat Session " + today + u".rtf: Richtext File (*.rtf)"));
+    prompts.file = folder.filePath(u"kept"_s);
+    session.save();
+    ASSERT_TRUE(eventually([&] { return whole.has_value(); }));
+    QFile file(folder.filePath(u"kept.rtf"_s));
+    ASSERT_TRUE(*whole && file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().contains("hello"));
+
+    whole.reset();
+    prompts.file = folder.filePath(u"no such folder/kept.rtf"_s);
+    session.save();
+    ASSERT_TRUE(eventually([&] { return whole.has_value(); }));
+    EXPECT_FALSE(*whole);
+    prompts.boxes.clear();
+    prompts.answer = PromptAnswer::No;
+    session.print();
+    EXPECT_EQ(prompts.boxes,
+              QStringList{u"Information: Print Session: This will print the chat session to your Default "
+                          "printer.\n\nDo you wish to continue?"_s});
 }
 
 } // namespace

@@ -21,7 +21,14 @@ public:
         return buttons == PromptButtons::Ok ? PromptAnswer::Ok : answer;
     }
 
+    QString ShowSave(const QString &title, const QString &proposedName, const QString &filter) override
+    {
+        boxes.append(u"Save: " + title + u": " + proposedName + u": " + filter);
+        return file;
+    }
+
     QStringList boxes;
+    QString file; ///< what is chosen to be written; empty is Cancel
     PromptAnswer answer = PromptAnswer::Yes;
     std::function<void()> whileOpen; ///< what happens while a box stands
 };
