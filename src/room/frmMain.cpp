@@ -116,6 +116,17 @@ void frmMain::SetupFormSkin()
 {
     m_skinColours = chatColoursOf(m_looks.skin.description());
     fillIcons();
+    const clsSkinResourceNew &skin = m_looks.skin.description();
+    if (skin.isRead()) {
+        const auto colour = [&](ListItem item) { return toColor(skin.ContactList(item).colour()); };
+        QPalette palette = grdUserList->palette();
+        palette.setColor(QPalette::Base, colour(ListItem::BackColour));
+        palette.setColor(QPalette::Text, colour(ListItem::ForeColour));
+        palette.setColor(QPalette::Highlight, colour(ListItem::HighlightBackColour));
+        palette.setColor(QPalette::HighlightedText, colour(ListItem::HighlightForeColour));
+        grdUserList->setPalette(palette);
+    }
+    DrawUserList();
 }
 
 /// Icons that the skin lacks are the program's own.
@@ -293,7 +304,18 @@ void frmMain::clearBoard()
 
 void frmMain::DrawUserList()
 {
-    drawMemberList(*grdUserList, m_chatters, m_state);
+    drawMemberList(*grdUserList, m_chatters, m_state, memberLooks());
+}
+
+MemberLooks frmMain::memberLooks() const
+{
+    const clsSkinResourceNew &skin = m_looks.skin.description();
+    if (!skin.isRead()) {
+        return {imgList, {}, {}, {}, {}};
+    }
+    const auto colour = [&](ListItem item) { return toColor(skin.ContactList(item).colour()); };
+    return {imgList, skin.ContactList(ListItem::Font).font(), colour(ListItem::HeadingForeColour),
+            colour(ListItem::HeadingBackColour), colour(ListItem::OnlineForeColour)};
 }
 
 void frmMain::setRoomCaption(const QString &caption)

@@ -8,6 +8,7 @@
 #include "room/colChatters.h"
 #include "room/composing.h"
 #include "room/exit_road.h"
+#include "room/member_list.h"
 #include "room/member_menu.h"
 #include "room/message_board.h"
 #include "room/room_events.h"
@@ -77,6 +78,7 @@ private:
     void arrange();
     void SetupFormSkin();
     void fillIcons();
+    [[nodiscard]] MemberLooks memberLooks() const;
     void activateFirst();
     void send();
     void showMenu();

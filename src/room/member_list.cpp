@@ -1,6 +1,8 @@
 #include "room/member_list.h"
 
+#include "platform/image_list.h"
 #include "room/colChatters.h"
+#include "room/member_icons.h"
 #include "room/member_names.h"
 
 #include <QScrollBar>
@@ -17,6 +19,26 @@ struct Group
     std::function<bool(const clsChatters &)> holds;
 };
 
+/// Each picture as an icon once, however many members have it.
+class Icons
+{
+public:
+    explicit Icons(const ImageList &imgList) : m_imgList(imgList) {}
+
+    [[nodiscard]] const QIcon &of(const QString &name)
+    {
+        QIcon &icon = m_icons[name];
+        if (const QImage image = m_imgList.image(name); icon.isNull() && !image.isNull()) {
+            icon = QPixmap::fromImage(image);
+        }
+        return icon;
+    }
+
+private:
+    const ImageList &m_imgList;
+    QHash<QString, QIcon> m_icons;
+};
+
 constexpr int idRole = Qt::UserRole + 1;
 
 /// The user stays on the member that was chosen.
@@ -30,12 +52,29 @@ void chooseAgain(QTreeWidget &list, const QString &id)
     }
 }
 
-void addGroup(QTreeWidget &list, const Group &group, const colChatters &chatters, const SharedState &state)
+/// A colour that is not valid leaves the list's own.
+void setColour(QTreeWidgetItem &row, Qt::ItemDataRole role, const QColor &colour)
 {
-    auto *heading = new QTreeWidgetItem({group.heading});
-    QFont font = list.font();
+    if (colour.isValid()) {
+        row.setData(0, role, QBrush(colour));
+    }
+}
+
+QTreeWidgetItem *makeHeading(const QString &text, const QFont &listFont, const MemberLooks &looks)
+{
+    auto *heading = new QTreeWidgetItem({text});
+    QFont font = looks.font.value_or(listFont);
     font.setPointSizeF(font.pointSizeF() + 1);
     heading->setFont(0, font);
+    setColour(*heading, Qt::ForegroundRole, looks.heading);
+    setColour(*heading, Qt::BackgroundRole, looks.headingGround);
+    return heading;
+}
+
+void addGroup(QTreeWidget &list, const Group &group, const colChatters &chatters, const SharedState &state,
+              const MemberLooks &looks, Icons &icons)
+{
+    QTreeWidgetItem *heading = makeHeading(group.heading, list.font(), looks);
     heading->setFlags(Qt::ItemIsEnabled);
     for (qsizetype at = 1; at <= chatters.Count(); ++at) {
         const auto member = chatters.Item(at);
@@ -43,6 +82,8 @@ void addGroup(QTreeWidget &list, const Group &group, const colChatters &chatters
             auto *row = new QTreeWidgetItem(heading, {displayName(*member, state)});
             row->setData(0, Qt::UserRole, at);
             row->setData(0, idRole, member->ID);
+            row->setIcon(0, icons.of(memberIcon(*member)));
+            setColour(*row, Qt::ForegroundRole, looks.member);
         }
     }
     if (heading->childCount() == 0 && !group.shownWhenEmpty) {
@@ -55,20 +96,25 @@ void addGroup(QTreeWidget &list, const Group &group, const colChatters &chatters
 
 } // namespace
 
-void drawMemberList(QTreeWidget &list, const colChatters &chatters, const SharedState &state)
+void drawMemberList(QTreeWidget &list, const colChatters &chatters, const SharedState &state,
+                    const MemberLooks &looks)
 {
     const int firstRow = list.verticalScrollBar()->value();
     const QTreeWidgetItem *chosen = list.currentItem();
     const QString id = chosen == nullptr ? QString() : chosen->data(0, idRole).toString();
     list.setUpdatesEnabled(false);
     list.clear();
+    if (looks.font) {
+        list.setFont(*looks.font);
+    }
+    Icons icons(looks.imgList);
     addGroup(list, {QStringLiteral("Owner"), true, [](const clsChatters &m) { return m.Owner; }}, chatters,
-             state);
+             state, looks, icons);
     addGroup(list,
              {QStringLiteral("Online"), false, [](const clsChatters &m) { return !m.Owner && !m.Pending; }},
-             chatters, state);
+             chatters, state, looks, icons);
     addGroup(list, {QStringLiteral("Pending"), false, [](const clsChatters &m) { return m.Pending; }},
-             chatters, state);
+             chatters, state, looks, icons);
     chooseAgain(list, id);
     list.doItemsLayout(); // or the scroll bar still has the range of the empty list
     list.verticalScrollBar()->setValue(firstRow);

@@ -1,15 +1,30 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QColor>
+#include <QFont>
 
+#include <optional>
+
+class ImageList;
 class QModelIndex;
 class QTreeWidget;
 class colChatters;
 struct SharedState;
 
+/// What the rows look like: the icons, and the skin's colours and font where there is a skin.
+struct MemberLooks
+{
+    const ImageList &imgList;
+    std::optional<QFont> font;
+    QColor heading; ///< not valid: the list's own, like the others
+    QColor headingGround;
+    QColor member;
+};
+
 /// Fills the list with the members under the headings "Owner", "Online" and "Pending". The first visible row
 /// stays; the selection does not. Each member's row carries the member's position in the collection.
-void drawMemberList(QTreeWidget &list, const colChatters &chatters, const SharedState &state);
+void drawMemberList(QTreeWidget &list, const colChatters &chatters, const SharedState &state,
+                    const MemberLooks &looks);
 
 /// The position of the member in this row; 0 for a heading and for no row.
 [[nodiscard]] qsizetype positionOf(const QModelIndex &row);

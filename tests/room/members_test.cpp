@@ -1,5 +1,7 @@
 #include "core/shared_state.h"
+#include "platform/image_list.h"
 #include "room/colChatters.h"
+#include "room/member_icons.h"
 #include "room/member_list.h"
 #include "support/text.h"
 
@@ -45,14 +47,15 @@ TEST(MemberList, GroupsNamesAndPositions)
     SharedState state;
     colChatters chatters;
     QTreeWidget list;
-    drawMemberList(list, chatters, state);
+    ImageList pictures;
+    drawMemberList(list, chatters, state, {pictures, {}, {}, {}, {}});
     EXPECT_EQ(rows(list), u"Owner"_s);
 
     AddToList(state.lists, u'P', u"2"_s, u"My friend"_s);
     for (const QString &id : {u"1"_s, u"2"_s, u"3"_s, u"4"_s}) {
         chatters.Add(id, u"n" + id, 11, 0, id == u"3", {}, {}, id == u"1", {});
     }
-    drawMemberList(list, chatters, state);
+    drawMemberList(list, chatters, state, {pictures, {}, {}, {}, {}});
     EXPECT_EQ(rows(list), u"Owner|  n3 3|Online|  My friend 2|  n4 4|Pending|  n1 1"_s);
 }
 
@@ -64,14 +67,54 @@ TEST(MemberList, ARebuildKeepsTheFirstVisibleRow)
         chatters.addUnknown(QString::number(at));
     }
     QTreeWidget list;
+    ImageList pictures;
     list.resize(100, 200);
     list.show();
-    drawMemberList(list, chatters, state);
+    drawMemberList(list, chatters, state, {pictures, {}, {}, {}, {}});
     list.verticalScrollBar()->setValue(50);
     const QString first = list.itemAt(QPoint(30, 2))->text(0);
-    drawMemberList(list, chatters, state);
+    drawMemberList(list, chatters, state, {pictures, {}, {}, {}, {}});
     EXPECT_EQ(list.verticalScrollBar()->value(), 50);
     EXPECT_EQ(list.itemAt(QPoint(30, 2))->text(0), first);
+}
+
+TEST(MemberList, IconsOfMoodsAndStatuses)
+{
+    const std::tuple<int, int, bool, QString> cases[] = {
+        {11, 3, false, u"Chatty"_s},
+        {12, 3, false, u"Away"_s},
+        {11, 26, true, u"Online"_s},
+        {11, 0, false, u"Indifferent"_s},
+        {11, 26, false, u"Indifferent"_s},
+        {11, 27, false, u"Silly"_s},
+        {0, 7, false, u""_s},
+        {25, 7, true, u""_s},
+        {24, 7, false, u"Authorise"_s},
+    };
+    for (const auto &[status, mood, pending, icon] : cases) {
+        clsChatters member;
+        member.Status = status;
+        member.Mood = mood;
+        member.Pending = pending;
+        EXPECT_EQ(memberIcon(member), icon) << status << ' ' << mood;
+    }
+    ImageList pictures;
+    pictures.add(u"Happy"_s, QImage(16, 16, QImage::Format_RGB32));
+    pictures.add(u"Away"_s, QImage(16, 16, QImage::Format_RGB32));
+    EXPECT_EQ(GetMoodIconNum(7, pictures), 1);
+    EXPECT_EQ(GetStatusIconNum(12, pictures), 2);
+    EXPECT_EQ(GetStatusIconNum(11, pictures), 0);
+
+    const SharedState state;
+    colChatters chatters;
+    QTreeWidget list;
+    chatters.Add(u"1"_s, u"n"_s, 12, 0, true, {}, {}, false, {});
+    drawMemberList(list, chatters, state, {pictures, {}, Qt::red, Qt::blue, Qt::green});
+    const QTreeWidgetItem *heading = list.topLevelItem(0);
+    EXPECT_TRUE(heading->icon(0).isNull());
+    EXPECT_FALSE(heading->child(0)->icon(0).isNull());
+    EXPECT_EQ(heading->background(0).color(), Qt::blue);
+    EXPECT_EQ(heading->child(0)->foreground(0).color(), Qt::green);
 }
 
 } // namespace
