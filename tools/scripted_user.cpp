@@ -10,13 +10,13 @@
 #include "platform/rich_edit.h"
 #include "room/frmMain.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTimer>
 
 #include <cstdio>
@@ -35,6 +35,8 @@ public:
         std::printf("a box says: %s: %s\n", qPrintable(caption), qPrintable(text));
         return PromptAnswer::No;
     }
+    QString ShowSave(const QString &, const QString &, const QString &) override { return {}; }
+    std::optional<QFont> ShowFont(const QFont &, int, int) override { return {}; }
 };
 
 class ScriptedUser
@@ -109,7 +111,7 @@ private:
 
     [[nodiscard]] bool leave()
     {
-        m_program.window()->findChild<QPushButton *>(QStringLiteral("smdExit"))->click();
+        m_program.window()->findChild<QAbstractButton *>(QStringLiteral("smdExit"))->click();
         return true;
     }
 

@@ -1,5 +1,7 @@
 #include "platform/message_boxes.h"
 
+#include "platform/font_dialog.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -47,4 +49,10 @@ QString MessageBoxes::ShowSave(const QString &title, const QString &proposedName
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     return QFileDialog::getSaveFileName(QApplication::activeWindow(), title,
                                         QDir(folder).filePath(proposedName), filter);
+}
+
+std::optional<QFont> MessageBoxes::ShowFont(const QFont &current, int smallest, int largest)
+{
+    FontDialog dialog(current, smallest, largest, QApplication::activeWindow());
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.chosenFont()) : std::nullopt;
 }

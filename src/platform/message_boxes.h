@@ -9,4 +9,5 @@ public:
     PromptAnswer ask(const QString &text, const QString &caption, PromptIcon icon,
                      PromptButtons buttons) override;
     QString ShowSave(const QString &title, const QString &proposedName, const QString &filter) override;
+    std::optional<QFont> ShowFont(const QFont &current, int smallest, int largest) override;
 };

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QFont>
 #include <QString>
+
+#include <optional>
 
 enum class PromptIcon
 {
@@ -21,8 +24,8 @@ enum class PromptAnswer
     No
 };
 
-/// Message boxes, and the dialogs that ask for a file. Asking blocks the caller while events go on; a box
-/// closed without an answer says No, or Ok where there is nothing to decline.
+/// Message boxes, and the dialogs that ask for a file or a font. Asking blocks the caller while events go on;
+/// a box closed without an answer says No, or Ok where there is nothing to decline.
 class Prompts
 {
 public:
@@ -37,6 +40,9 @@ public:
     /// The file to be written, whose folder exists; before one that is there is chosen, the user is asked.
     /// Empty when the user cancels. The filter is the toolkit's: "Description (*.ext)".
     virtual QString ShowSave(const QString &title, const QString &proposedName, const QString &filter) = 0;
+
+    /// A font of the screen in a whole size between the two, in points; none when the user cancels.
+    virtual std::optional<QFont> ShowFont(const QFont &current, int smallest, int largest) = 0;
 
     /// A box with nothing to decide.
     void tell(const QString &text, const QString &caption, PromptIcon icon)

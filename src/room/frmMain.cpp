@@ -1,49 +1,38 @@
 #include "room/frmMain.h"
 
+#include "controls/SkinButton.h"
 #include "core/attribute_text.h"
+#include "core/clsMyApp.h"
 #include "core/command_line.h"
 #include "core/options.h"
 #include "core/shared_state.h"
 #include "emotions/built_in_pictures.h"
+#include "emotions/emoticon_file.h"
 #include "link/frmComms.h"
 #include "platform/prompts.h"
 #include "platform/rich_edit.h"
-#include "room/member_list.h"
+#include "room/member_names.h"
+#include "room/message_text.h"
+#include "room/room_layout.h"
+#include "room/saved_settings.h"
 #include "skin/icon_list.h"
 #include "skin/skin_chat_colours.h"
-#include "skin/skin_in_use.h"
 
 #include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QPushButton>
+#include <QSet>
 #include <QTreeWidget>
-#include <QVBoxLayout>
+
+#include <optional>
 
 namespace {
 
-/// A child widget under its name, which tests and assistive programs find it by.
-template <typename Widget>
-Widget *make(QWidget *parent, const char16_t *name, const QString &accessibleName)
-{
-    auto *widget = new Widget(parent);
-    widget->setObjectName(QStringView(name).toString());
-    widget->setAccessibleName(accessibleName);
-    return widget;
-}
-
-QFont toFont(const ComposeFont &saved)
-{
-    QFont font(saved.name);
-    font.setPointSizeF(saved.size);
-    font.setBold(saved.bold);
-    font.setItalic(saved.italic);
-    font.setUnderline(saved.underlined);
-    return font;
-}
+constexpr QSize designedSize(760, 540);
 
 /// A plain widget would be heard as a thing of no kind.
 QAccessibleInterface *accessibleFor([[maybe_unused]] const QString &className, QObject *object)
@@ -54,21 +43,19 @@ QAccessibleInterface *accessibleFor([[maybe_unused]] const QString &className, Q
 
 } // namespace
 
-frmMain::frmMain(SharedState &state, const Options &options, frmComms &link, Prompts &prompts,
+frmMain::frmMain(SharedState &state, Options &options, frmComms &link, Prompts &prompts,
                  const CommandLine &commandLine, const RoomLooks &looks)
-    : m_state(state),
+    : SkinnedWindow(looks.skin, looks.windows, WindowDragging::Room, Qt::Window),
+      m_state(state),
+      m_options(options),
       m_link(link),
       m_prompts(prompts),
       m_commandLine(commandLine),
       m_looks(looks),
-      rtfMsgs(make<RichEdit>(this, u"rtfMsgs", tr("Message board"))),
-      rtfText(make<QLineEdit>(this, u"rtfText", tr("Message"))),
-      grdUserList(make<QTreeWidget>(this, u"grdUserList", tr("Members"))),
-      smdSend(make<QPushButton>(this, u"smdSend", tr("Send"))),
-      smdMenu(make<QPushButton>(this, u"smdMenu", tr("Menu"))),
-      smdExit(make<QPushButton>(this, u"smdExit", tr("Exit"))),
-      m_messages(*rtfMsgs, options, m_skinColours, looks.emoticons, imgList),
-      m_session(*rtfMsgs, prompts, this),
+      m_controls(*this),
+      m_composeBox(m_controls, prompts),
+      m_messages(*m_controls.rtfMsgs, options, m_skinColours, looks.emoticons, imgList),
+      m_session(*m_controls.rtfMsgs, prompts, this),
       m_lifecycle(state, m_chatters, link, *this, prompts),
       m_events(state, options, m_chatters, link, m_lifecycle, *this),
       m_admission(state, m_chatters, link, *this),
@@ -78,55 +65,95 @@ frmMain::frmMain(SharedState &state, const Options &options, frmComms &link, Pro
 {
     QAccessible::installFactory(accessibleFor); // a factory that is there already is not added again
     setObjectName(QStringLiteral("frmMain"));
+    setMinimumSize(roomMinimumSize);
     setRoomCaption({});
-    arrange();
-    rtfText->setFont(toFont(m_looks.font));
-    m_messages.setInputBox(rtfText->font(), {});
-    SetupFormSkin();
-    m_looks.windows.enter(*this);
-    rtfMsgs->setTextColour(toColor(options.CMTC));
-    rtfMsgs->setBackgroundColour(toColor(options.CMBC));
-    connect(rtfMsgs, &RichEdit::linkActivated, this, &frmMain::addressActivated);
-    connect(smdSend, &QPushButton::clicked, this, &frmMain::send);
-    connect(rtfText, &QLineEdit::returnPressed, this, &frmMain::send);
-    connect(smdMenu, &QPushButton::clicked, this, &frmMain::showMenu);
-    connect(smdExit, &QPushButton::clicked, &m_exitRoad, &ExitRoad::start);
-    connect(&m_exitRoad, &ExitRoad::ended, this, [this] {
-        m_exited = true;
-        close();
-        Q_EMIT exited();
-    });
+    connectControls();
+    resize(designedSize);
+    frmMain::SetupFormSkin();
+    m_composeBox.setFont(m_looks.saved.font());
+    takeComposeLook();
+    fillEmotions();
+    m_controls.rtfText->setFocus();
     m_link.setRoomEvents(&m_events);
 }
 
 frmMain::~frmMain()
 {
-    m_looks.windows.leave(*this);
     m_link.setRoomEvents(nullptr);
+}
+
+void frmMain::connectControls()
+{
+    const RoomControls &c = m_controls;
+    c.grdUserList->viewport()->installEventFilter(this); // the mouse
+    c.grdUserList->installEventFilter(this);             // the menu key
+    connect(c.rtfMsgs, &RichEdit::linkActivated, this, &frmMain::addressActivated);
+    connect(c.smdSend, &QAbstractButton::clicked, this, &frmMain::send);
+    connect(c.rtfText, &QLineEdit::returnPressed, this, &frmMain::send);
+    connect(c.smdMenu, &QAbstractButton::clicked, this, &frmMain::showMenu);
+    connect(c.smdEmoticon, &QAbstractButton::clicked, this, &frmMain::showEmoticons);
+    connect(c.smdEmotions, &QAbstractButton::clicked, this, &frmMain::switchEmotions);
+    connect(c.lstEmotions, &QListWidget::itemActivated, this,
+            [this](const QListWidgetItem *item) { sendEmotion(item->text()); });
+    connect(c.lstEmotions, &QListWidget::itemEntered, this,
+            [this](const QListWidgetItem *item) { describeEmotion(item->text()); });
+    c.lstEmotions->setMouseTracking(true);
+    connect(c.smdExit, &QAbstractButton::clicked, &m_exitRoad, &ExitRoad::start);
+    connect(c.sysClose, &QAbstractButton::clicked, &m_exitRoad, &ExitRoad::start);
+    connect(c.sysMin, &QAbstractButton::clicked, this, &QWidget::showMinimized);
+    connect(c.sysHelp, &QAbstractButton::clicked, this,
+            [this] { Q_EMIT helpRequested(QStringLiteral("using_chat")); });
+    connect(&m_composeBox, &ComposeBox::fontChanged, this, [this] {
+        takeComposeLook();
+        Form_Resize();
+    });
+    connect(&m_exitRoad, &ExitRoad::ended, this, [this] {
+        m_exited = true;
+        close();
+        Q_EMIT exited();
+    });
 }
 
 void frmMain::DoSkinChange()
 {
     if (m_looks.skin.change()) {
-        SetupFormSkin();
+        SkinnedWindow::DoSkinChange();
     }
 }
 
 void frmMain::SetupFormSkin()
 {
-    m_skinColours = chatColoursOf(m_looks.skin.description());
+    startSkin();
+    m_skinColours = chatColoursOf(skin());
     fillIcons();
-    const clsSkinResourceNew &skin = m_looks.skin.description();
-    if (skin.isRead()) {
-        const auto colour = [&](ListItem item) { return toColor(skin.ContactList(item).colour()); };
-        QPalette palette = grdUserList->palette();
-        palette.setColor(QPalette::Base, colour(ListItem::BackColour));
-        palette.setColor(QPalette::Text, colour(ListItem::ForeColour));
-        palette.setColor(QPalette::Highlight, colour(ListItem::HighlightBackColour));
-        palette.setColor(QPalette::HighlightedText, colour(ListItem::HighlightForeColour));
-        grdUserList->setPalette(palette);
-    }
+    dressRoom(m_controls, m_face, skin());
+    skin().FormDefaults(FormItem::ReleaseSystemButtons);
     DrawUserList();
+}
+
+void frmMain::layOut()
+{
+    layOutRoom(m_controls, m_face, size(), m_options.SHOWEMOTIONS);
+}
+
+/// The input box has the colours of the user's own words, the board the font that they are written in.
+void frmMain::takeComposeLook()
+{
+    QPalette palette = m_controls.rtfText->palette();
+    palette.setColor(QPalette::Text, toColor(m_options.MMTC));
+    palette.setColor(QPalette::Base, toColor(m_options.MMBC));
+    m_controls.rtfText->setPalette(palette);
+    m_controls.rtfMsgs->setTextColour(toColor(m_options.CMTC));
+    m_controls.rtfMsgs->setBackgroundColour(toColor(m_options.CMBC));
+    m_messages.setInputBox(m_controls.rtfText->font(), {m_options.MMTC, m_options.MMBC});
+}
+
+void frmMain::fillEmotions()
+{
+    LoadEmotions(Emotions, m_looks.skin.myApp().Path());
+    for (qsizetype at = 1; at <= Emotions.Count(); ++at) {
+        m_controls.lstEmotions->addItem(Emotions.Item(at)->Emotion);
+    }
 }
 
 /// Icons that the skin lacks are the program's own.
@@ -141,50 +168,10 @@ void frmMain::fillIcons()
     }
 }
 
-void frmMain::arrange()
-{
-    rtfMsgs->setReadOnly(true);
-    grdUserList->setHeaderLabel(tr("Members")); // not seen, but heard
-    grdUserList->setHeaderHidden(true);
-    grdUserList->setSelectionBehavior(QAbstractItemView::SelectItems);
-    grdUserList->setRootIsDecorated(true);
-    grdUserList->setFixedWidth(180);
-    grdUserList->viewport()->installEventFilter(this); // the mouse
-    grdUserList->installEventFilter(this);             // the menu key
-    smdSend->setText(tr("&Send"));
-    smdMenu->setText(tr("&Menu"));
-    smdExit->setText(tr("E&xit"));
-
-    auto *conversation = new QHBoxLayout;
-    conversation->addWidget(rtfMsgs, 1);
-    conversation->addWidget(grdUserList);
-    auto *writing = new QHBoxLayout;
-    writing->addWidget(rtfText, 1);
-    writing->addWidget(smdSend);
-    auto *commands = new QHBoxLayout;
-    commands->addWidget(smdMenu);
-    commands->addStretch(1);
-    commands->addWidget(smdExit);
-    auto *all = new QVBoxLayout(this);
-    all->addLayout(conversation, 1);
-    all->addLayout(writing);
-    all->addLayout(commands);
-
-    QWidget *before = rtfText;
-    for (QWidget *next : {static_cast<QWidget *>(smdSend), static_cast<QWidget *>(rtfMsgs),
-                          static_cast<QWidget *>(grdUserList), static_cast<QWidget *>(smdMenu),
-                          static_cast<QWidget *>(smdExit)}) {
-        setTabOrder(before, next);
-        before = next;
-    }
-    rtfText->setFocus();
-    resize(720, 480);
-}
-
 /// The first showing: what needs the messenger waits until the window is on the screen.
 void frmMain::showEvent(QShowEvent *event)
 {
-    QWidget::showEvent(event);
+    SkinnedWindow::showEvent(event);
     if (!m_shownBefore) {
         m_shownBefore = true;
         QMetaObject::invokeMethod(this, &frmMain::activateFirst, Qt::QueuedConnection);
@@ -218,13 +205,56 @@ bool frmMain::mayClose() const
 /// What is typed while the message is on its way stays.
 void frmMain::send()
 {
-    const QString text = rtfText->text();
-    if (m_composing.send(text, rtfText->font())) {
-        if (rtfText->text() == text) {
-            rtfText->clear();
+    const QString text = m_controls.rtfText->text();
+    if (m_composing.send(text, m_controls.rtfText->font())) {
+        if (m_controls.rtfText->text() == text) {
+            m_controls.rtfText->clear();
         }
-        rtfText->setFocus();
+        m_controls.rtfText->setFocus();
     }
+}
+
+/// Shown at once, and for the next start.
+void frmMain::switchEmotions()
+{
+    m_options.SHOWEMOTIONS = !m_options.SHOWEMOTIONS;
+    m_looks.saved.SaveOptions(m_composeBox.font());
+    Form_Resize();
+}
+
+/// The member whose row is selected, unless that is the user's own.
+const clsChatters *frmMain::selectedMember() const
+{
+    const QList<QTreeWidgetItem *> rows = m_controls.grdUserList->selectedItems();
+    if (rows.isEmpty()) {
+        return nullptr;
+    }
+    const auto member = m_chatters.Item(positionOf(*rows.first()));
+    return member == nullptr || member->ID == m_state.MyUserID ? nullptr : member.get();
+}
+
+void frmMain::sendEmotion(const QString &name)
+{
+    if (const auto emotion = Emotions.Item(name)) {
+        // A copy: the member may go while the messenger is waited for.
+        const clsChatters *selected = selectedMember();
+        const std::optional<clsChatters> member =
+            selected == nullptr ? std::nullopt : std::optional(*selected);
+        m_composing.sendEmotion(*emotion, member ? &*member : nullptr);
+    }
+}
+
+/// What the room would read, as the tooltip of the list.
+void frmMain::describeEmotion(const QString &name)
+{
+    const auto emotion = Emotions.Item(name);
+    if (emotion == nullptr) {
+        return;
+    }
+    const clsChatters *member = selectedMember();
+    const QString text = filledIn(emotionText(*emotion, member), m_state.MyNickname,
+                                  member == nullptr ? QString() : member->Nickname);
+    m_controls.lstEmotions->setToolTip(text.toHtmlEscaped());
 }
 
 void frmMain::showMenu()
@@ -240,32 +270,50 @@ void frmMain::showMenu()
     menu.addAction(tr("Print Session"), &m_session, &SessionCommands::print);
     menu.addSeparator();
     menu.addAction(tr("Help"), this, [this] { Q_EMIT helpRequested(QStringLiteral("using_chat")); });
-    menu.exec(smdMenu->mapToGlobal(QPoint(0, -menu.sizeHint().height())));
+    menu.exec(m_controls.smdMenu->mapToGlobal(QPoint(0, -menu.sizeHint().height())));
+}
+
+/// The emoticons that there are both a code and a picture for.
+void frmMain::showEmoticons()
+{
+    QMenu menu(tr("Emoticons"), this);
+    menu.setAccessibleName(menu.title());
+    QSet<QString> names;
+    for (const EmoticonEntry &row : m_looks.emoticons.table().Rows()) {
+        const QString key = u'e' + row.Name;
+        if (imgList.index(key) > 0 && !names.contains(key)) {
+            names.insert(key);
+            menu.addAction(QPixmap::fromImage(imgList.image(key)), row.Name, this,
+                           [this, key] { m_composeBox.WriteEmotion(key, m_looks.emoticons.table()); });
+        }
+    }
+    menu.exec(m_controls.smdEmoticon->mapToGlobal(QPoint(0, -menu.sizeHint().height())));
+    m_controls.rtfText->setFocus();
 }
 
 /// The right button opens the menu of a member; of one who waits for approval the left one does too.
 bool frmMain::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == grdUserList->viewport() && event->type() == QEvent::MouseButtonRelease) {
+    if (watched == m_controls.grdUserList->viewport() && event->type() == QEvent::MouseButtonRelease) {
         const auto *mouse = static_cast<QMouseEvent *>(event);
-        const QModelIndex row = grdUserList->indexAt(mouse->position().toPoint());
+        const QModelIndex row = m_controls.grdUserList->indexAt(mouse->position().toPoint());
         const auto member = m_chatters.Item(positionOf(row));
         if (mouse->button() == Qt::RightButton || (member != nullptr && member->Pending)) {
             showMemberMenu(row, mouse->globalPosition().toPoint());
         }
-    } else if (watched == grdUserList && event->type() == QEvent::ContextMenu &&
+    } else if (watched == m_controls.grdUserList && event->type() == QEvent::ContextMenu &&
                static_cast<QContextMenuEvent *>(event)->reason() == QContextMenuEvent::Keyboard) {
         showMemberMenuByKey();
         return true;
     }
-    return QWidget::eventFilter(watched, event);
+    return SkinnedWindow::eventFilter(watched, event);
 }
 
 void frmMain::showMemberMenuByKey()
 {
-    const QModelIndex row = grdUserList->currentIndex();
-    const QRect place = grdUserList->visualRect(row);
-    showMemberMenu(row, grdUserList->viewport()->mapToGlobal(place.bottomLeft()));
+    const QModelIndex row = m_controls.grdUserList->currentIndex();
+    const QRect place = m_controls.grdUserList->visualRect(row);
+    showMemberMenu(row, m_controls.grdUserList->viewport()->mapToGlobal(place.bottomLeft()));
 }
 
 void frmMain::showMemberMenu(const QModelIndex &row, QPoint globalPlace)
@@ -304,7 +352,7 @@ void frmMain::clearBoard()
 
 void frmMain::DrawUserList()
 {
-    drawMemberList(*grdUserList, m_chatters, m_state, memberLooks());
+    drawMemberList(*m_controls.grdUserList, m_chatters, m_state, memberLooks());
 }
 
 MemberLooks frmMain::memberLooks() const

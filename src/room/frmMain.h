@@ -1,32 +1,28 @@
 #pragma once
 
 #include "core/chat_colours.h"
-#include "core/options_text.h"
+#include "emotions/colEmotions.h"
 #include "platform/image_list.h"
-#include "platform/skinnable.h"
 #include "room/admission.h"
 #include "room/colChatters.h"
+#include "room/compose_box.h"
 #include "room/composing.h"
 #include "room/exit_road.h"
 #include "room/member_list.h"
 #include "room/member_menu.h"
 #include "room/message_board.h"
+#include "room/room_controls.h"
 #include "room/room_events.h"
 #include "room/room_lifecycle.h"
 #include "room/room_view.h"
 #include "room/session_commands.h"
-
-#include <QWidget>
+#include "skin/skinned_window.h"
 
 class CommandLine;
 class EmoticonFile;
 class Prompts;
-class QLineEdit;
 class QModelIndex;
-class QPushButton;
-class QTreeWidget;
-class RichEdit;
-class SkinInUse;
+class SavedSettings;
 class frmComms;
 struct Options;
 struct SharedState;
@@ -37,16 +33,16 @@ struct RoomLooks
     SkinInUse &skin;
     LoadedWindows &windows;
     EmoticonFile &emoticons;
-    const ComposeFont &font; ///< to write in
+    SavedSettings &saved; ///< has been loaded
 };
 
-/// The room window: it owns its widgets and the classes that do the work, and passes on what the user does.
-class frmMain final : public QWidget, public RoomView, public Skinnable
+/// The room window: it owns its controls and the classes that do the work, and passes on what the user does.
+class frmMain final : public SkinnedWindow, public RoomView
 {
     Q_OBJECT
 
 public:
-    frmMain(SharedState &state, const Options &options, frmComms &link, Prompts &prompts,
+    frmMain(SharedState &state, Options &options, frmComms &link, Prompts &prompts,
             const CommandLine &commandLine, const RoomLooks &looks);
     ~frmMain() override;
 
@@ -70,37 +66,42 @@ Q_SIGNALS:
     void exited();
 
 protected:
+    void SetupFormSkin() override;
+    void layOut() override;
     void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void arrange();
-    void SetupFormSkin();
+    void connectControls();
+    void takeComposeLook();
+    void fillEmotions();
     void fillIcons();
     [[nodiscard]] MemberLooks memberLooks() const;
     void activateFirst();
     void send();
+    void sendEmotion(const QString &name);
+    void switchEmotions();
+    void describeEmotion(const QString &name);
+    [[nodiscard]] const clsChatters *selectedMember() const;
     void showMenu();
+    void showEmoticons();
     void showMemberMenu(const QModelIndex &row, QPoint globalPlace);
     void showMemberMenuByKey();
     [[nodiscard]] bool mayClose() const;
 
     SharedState &m_state;
+    Options &m_options;
     frmComms &m_link;
     Prompts &m_prompts;
     const CommandLine &m_commandLine;
     RoomLooks m_looks;
 
-    RichEdit *rtfMsgs;
-    QLineEdit *rtfText;
-    QTreeWidget *grdUserList;
-    QPushButton *smdSend;
-    QPushButton *smdMenu;
-    QPushButton *smdExit;
-
+    RoomControls m_controls;
+    ComposeBox m_composeBox;
     ChatColours m_skinColours;
     ImageList imgList;
+    colEmotions Emotions;
     MessageBoard m_messages;
     SessionCommands m_session;
     colChatters m_chatters;

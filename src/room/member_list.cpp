@@ -125,3 +125,8 @@ qsizetype positionOf(const QModelIndex &row)
 {
     return row.data(Qt::UserRole).toLongLong();
 }
+
+qsizetype positionOf(const QTreeWidgetItem &row)
+{
+    return row.data(0, Qt::UserRole).toLongLong();
+}

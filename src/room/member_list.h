@@ -8,6 +8,7 @@
 class ImageList;
 class QModelIndex;
 class QTreeWidget;
+class QTreeWidgetItem;
 class colChatters;
 struct SharedState;
 
@@ -28,3 +29,4 @@ void drawMemberList(QTreeWidget &list, const colChatters &chatters, const Shared
 
 /// The position of the member in this row; 0 for a heading and for no row.
 [[nodiscard]] qsizetype positionOf(const QModelIndex &row);
+[[nodiscard]] qsizetype positionOf(const QTreeWidgetItem &row);

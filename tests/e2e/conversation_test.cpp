@@ -8,7 +8,7 @@
 #include "support/text.h"
 
 #include <QLineEdit>
-#include <QPushButton>
+#include <QAbstractButton>
 #include <QTemporaryDir>
 #include <QTreeWidget>
 
@@ -28,7 +28,7 @@ struct Person
     void say(const QString &text)
     {
         program.window()->findChild<QLineEdit *>(u"rtfText"_s)->setText(text);
-        program.window()->findChild<QPushButton *>(u"smdSend"_s)->click();
+        program.window()->findChild<QAbstractButton *>(u"smdSend"_s)->click();
     }
 
     [[nodiscard]] bool reads(const QString &text) const

@@ -27,8 +27,15 @@ public:
         return file;
     }
 
+    std::optional<QFont> ShowFont(const QFont & /*current*/, int smallest, int largest) override
+    {
+        boxes.append(u"Font: " + QString::number(smallest) + u" to " + QString::number(largest));
+        return font;
+    }
+
     QStringList boxes;
-    QString file; ///< what is chosen to be written; empty is Cancel
+    std::optional<QFont> font; ///< what is chosen; none is Cancel
+    QString file;              ///< what is chosen to be written; empty is Cancel
     PromptAnswer answer = PromptAnswer::Yes;
     std::function<void()> whileOpen; ///< what happens while a box stands
 };
