@@ -5,6 +5,7 @@
 #include "platform/prompts.h"
 #include "room/room_controls.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 
 namespace {
@@ -21,6 +22,7 @@ ComposeBox::ComposeBox(RoomControls &controls, Prompts &prompts)
     addStyleButton(*controls.smdItalic, &QFont::italic, &QFont::setItalic);
     addStyleButton(*controls.smdUnderline, &QFont::underline, &QFont::setUnderline);
     connect(controls.smdFont, &QAbstractButton::clicked, this, &ComposeBox::chooseFont);
+    rtfText.installEventFilter(this);
 }
 
 void ComposeBox::addStyleButton(SkinButton &button, bool (QFont::*isOn)() const, void (QFont::*turn)(bool))
@@ -78,4 +80,49 @@ void ComposeBox::WriteEmotion(const QString &key, const clsEmoticons &emoticons)
     const QString space = text.isEmpty() || text.endsWith(u' ') ? QString() : QStringLiteral(" ");
     rtfText.end(false);
     rtfText.insert(space % code % u' ');
+}
+
+void ComposeBox::sent(const QString &text)
+{
+    m_history.add(text);
+    if (rtfText.text() == text) {
+        rtfText.clear();
+    }
+    rtfText.setFocus();
+}
+
+bool ComposeBox::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress && handleKey(*static_cast<QKeyEvent *>(event))) {
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool ComposeBox::handleKey(const QKeyEvent &key)
+{
+    const bool control = key.modifiers().testFlag(Qt::ControlModifier);
+    if (control && key.key() == Qt::Key_Up) {
+        rtfText.setText(m_history.older(rtfText.text()));
+        return true;
+    }
+    if (control && key.key() == Qt::Key_Down) {
+        rtfText.setText(m_history.newer(rtfText.text()));
+        return true;
+    }
+    return key.key() == Qt::Key_Tab && key.modifiers() == Qt::NoModifier && completeName();
+}
+
+/// Where no name fits, Tab leads to the next control as ever.
+bool ComposeBox::completeName()
+{
+    const QString text = rtfText.text();
+    const qsizetype caret = rtfText.cursorPosition();
+    const QString completed = m_names ? m_completion.complete(text.first(caret), m_names()) : QString();
+    if (completed.isEmpty()) {
+        return false;
+    }
+    rtfText.setText(completed % text.sliced(caret));
+    rtfText.setCursorPosition(static_cast<int>(completed.size()));
+    return true;
 }

@@ -1,11 +1,16 @@
 #pragma once
 
 #include "core/options_text.h"
+#include "room/input_history.h"
+#include "room/name_completion.h"
 
 #include <QFont>
 #include <QObject>
 
+#include <functional>
+
 class Prompts;
+class QKeyEvent;
 class QLineEdit;
 class clsEmoticons;
 struct RoomControls;
@@ -25,11 +30,22 @@ public:
     /// there and from what follows.
     void WriteEmotion(const QString &key, const clsEmoticons &emoticons);
 
+    /// Empties the box after its text was sent, unless more has been typed meanwhile; the text can be had
+    /// again with Ctrl+Up.
+    void sent(const QString &text);
+    /// The names that Tab completes.
+    void setNames(const std::function<QStringList()> &names) { m_names = names; }
+
 Q_SIGNALS:
     /// The font, or one of its styles, is another one now.
     void fontChanged();
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
+    [[nodiscard]] bool handleKey(const QKeyEvent &key);
+    [[nodiscard]] bool completeName();
     void addStyleButton(class SkinButton &button, bool (QFont::*isOn)() const, void (QFont::*turn)(bool));
     void chooseFont();
     void apply(const QFont &font);
@@ -37,4 +53,7 @@ private:
     RoomControls &m_controls;
     Prompts &m_prompts;
     QLineEdit &rtfText;
+    InputHistory m_history;
+    NameCompletion m_completion;
+    std::function<QStringList()> m_names;
 };

@@ -103,6 +103,13 @@ void frmMain::connectControls()
     connect(c.sysMin, &QAbstractButton::clicked, this, &QWidget::showMinimized);
     connect(c.sysHelp, &QAbstractButton::clicked, this,
             [this] { Q_EMIT helpRequested(QStringLiteral("using_chat")); });
+    m_composeBox.setNames([this] {
+        QStringList names;
+        for (qsizetype at = 1; at <= m_chatters.Count(); ++at) {
+            names += displayName(*m_chatters.Item(at), m_state);
+        }
+        return names;
+    });
     connect(&m_composeBox, &ComposeBox::fontChanged, this, [this] {
         takeComposeLook();
         Form_Resize();
@@ -207,10 +214,7 @@ void frmMain::send()
 {
     const QString text = m_controls.rtfText->text();
     if (m_composing.send(text, m_controls.rtfText->font())) {
-        if (m_controls.rtfText->text() == text) {
-            m_controls.rtfText->clear();
-        }
-        m_controls.rtfText->setFocus();
+        m_composeBox.sent(text);
     }
 }
 
