@@ -44,6 +44,8 @@ public:
     {
         return PromptAnswer::No;
     }
+    QString ShowSave(const QString &, const QString &, const QString &) override { return {}; }
+    std::optional<QFont> ShowFont(const QFont &, int, int) override { return {}; }
 };
 
 /// A link with all it needs, connected to the port.

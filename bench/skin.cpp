@@ -7,7 +7,6 @@
 #include "controls/dressing.h"
 #include "core/clsMyApp.h"
 #include "platform/rich_edit.h"
-#include "platform/skin_storage.h"
 #include "skin/clsProgramIcons.h"
 #include "skin/skinned_window.h"
 
@@ -49,17 +48,13 @@ double medianOf(int times, const Work &work)
     return median(figures);
 }
 
-/// Everything that a skin has: what is read at start, the groups that are read when they are needed, the
-/// icons.
+/// The whole skin; gives the number of its icons.
 std::size_t readWhole(const clsMyApp &myApp)
 {
     clsSkinResourceNew skin(myApp);
     skin.Initialize();
-    skin.OptionsForm(OptionsItem::LoadSelectButton);
-    std::unique_ptr<SkinStorage> storage;
-    skin.MessagingForm(PrivateItem::AcquireInfoButton, storage);
     std::size_t icons = 0;
-    clsProgramIcons programIcons(myApp);
+    clsProgramIcons programIcons(skin);
     QObject::connect(&programIcons, &clsProgramIcons::BitmapLoad, &programIcons, [&] { ++icons; });
     programIcons.LoadBitmaps();
     return icons;

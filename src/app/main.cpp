@@ -29,7 +29,9 @@ int showSkinGallery(const QString &file)
     SkinGallery gallery(skin, windows);
     QObject::connect(&gallery, &SkinGallery::closed, qApp, &QApplication::quit);
     QObject::connect(&gallery, &SkinGallery::reloadRequested, &gallery, [&] {
-        if (skin.change()) {
+        if (!clsMyApp::IsFile(myApp.Skin)) {
+            skin.report(QString(u"skin not used: there is no file \"" % myApp.Skin % u'"'));
+        } else if (skin.change()) {
             windows.changeSkin();
         }
     });

@@ -98,9 +98,8 @@ void Program::showRoom()
     const QFont designed = QGuiApplication::font();
     m_savedSettings.load(chatColoursOf(m_skin->description()),
                          {designed.family(), designedFontSize, false, false, false});
-    m_window =
-        std::make_unique<frmMain>(m_state, m_options, *m_link, m_prompts, m_commandLine,
-                                  RoomLooks{*m_skin, m_loadedWindows, m_emoticons, m_savedSettings});
+    m_window = std::make_unique<frmMain>(m_state, m_options, *m_link, m_prompts, m_commandLine,
+                                         RoomLooks{*m_skin, m_loadedWindows, m_emoticons, m_savedSettings});
     connect(m_window.get(), &frmMain::exited, this, &Program::ended);
     connect(m_window.get(), &frmMain::addressActivated, this,
             [this](const QUrl &address) { m_addresses.open(address); });

@@ -5,6 +5,7 @@
 #include "controls/dressing.h"
 #include "core/clsMyApp.h"
 #include "platform/text_looks.h"
+#include "skin/skin_palette.h"
 
 #include <QCloseEvent>
 #include <QDir>
@@ -149,6 +150,7 @@ QImage skinPreview(SkinInUse &skin)
     const QImage largeFace = large.cutOut();
     const QImage smallFace = small.cutOut();
     SkinSheet sheet(skin);
+    sheet.setPalette(skinPalette(skin.description(), sheet.palette())); // there is no window to have it from
     sheet.adjustSize();
 
     const qreal ratio = sheet.devicePixelRatioF();

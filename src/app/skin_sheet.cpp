@@ -3,9 +3,7 @@
 #include "controls/SkinButton.h"
 #include "controls/SkinFrame.h"
 #include "controls/dressing.h"
-#include "core/clsMyApp.h"
 #include "platform/rich_edit.h"
-#include "platform/skin_storage.h"
 #include "platform/text_looks.h"
 #include "room/message_board.h"
 #include "skin/icon_list.h"
@@ -110,7 +108,7 @@ SkinSheet::SkinSheet(SkinInUse &skin, QWidget *parent)
     if (const auto font = skin.description().FormDefaults(FormItem::Font).font()) {
         setFont(*font);
     }
-    readIcons();
+    addProgramIcons(m_icons, skin.description(), devicePixelRatioF());
     addHeading(tr("Buttons"));
     addButtons();
     addHeading(tr("Frames, the board and the member list"));
@@ -127,15 +125,6 @@ SkinSheet::SkinSheet(SkinInUse &skin, QWidget *parent)
 }
 
 SkinSheet::~SkinSheet() = default;
-
-void SkinSheet::readIcons()
-{
-    try {
-        addProgramIcons(m_icons, m_skin.myApp(), devicePixelRatioF());
-    } catch (const SkinError &error) {
-        m_skin.report(error.reason());
-    }
-}
 
 void SkinSheet::addHeading(const QString &words)
 {
@@ -200,12 +189,11 @@ void SkinSheet::addButtons()
     addButtonRow(*grid, tr("Select"), select);
     skin.OptionsForm(OptionsItem::ReleaseSelectButton);
 
-    std::unique_ptr<SkinStorage> storage;
-    skin.MessagingForm(PrivateItem::AcquireInfoButton, storage);
+    skin.MessagingForm(PrivateItem::AcquireInfoButton);
     SkinButton *info = makeButton(tr("User details"));
-    dressInfoButton(*info, skin, storage);
+    dressInfoButton(*info, skin);
     addButtonRow(*grid, tr("Details"), info);
-    skin.MessagingForm(PrivateItem::ReleaseInfoButton, storage);
+    skin.MessagingForm(PrivateItem::ReleaseInfoButton);
     grid->setColumnStretch(static_cast<int>(shownStates.size()) + 2, 1);
 }
 

@@ -28,7 +28,6 @@ public:
     ~SkinSheet() override;
 
 private:
-    void readIcons();
     void addHeading(const QString &text);
     void addButtons();
     void addButtonRow(QGridLayout &grid, const QString &name, SkinButton *button);

@@ -3,9 +3,12 @@
 #include "platform/text_looks.h"
 #include "skin/aligned_painter.h"
 #include "skin/cDIBSectionRgn2.h"
+#include "skin/caption_look.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QStyle>
 #include <QStyleOptionButton>
 
@@ -14,19 +17,13 @@
 namespace {
 
 constexpr int hitTestInterval = 25; // milliseconds
-constexpr int buildingFrames = 6;
-constexpr int mostOverFrames = 16;
+constexpr std::size_t mostOverFrames = 16;
+constexpr int largestFrame = 1024; // pixels; a strip of larger ones would fill the memory
 constexpr qint32 cutAwayByMask = 0xFFFFFF;
 
-/// The states whose frames stand before the Over frames in a finished strip, in their order, and where each
-/// stands while the strip is built.
-struct StripPlace
-{
-    ButtonState state;
-    int building;
-};
-constexpr std::array stripPlaces = {StripPlace{ButtonState::Clicked, 1}, StripPlace{ButtonState::Disabled, 2},
-                                    StripPlace{ButtonState::HasFocus, 3}, StripPlace{ButtonState::Down, 4}};
+/// The states whose frames stand between the Normal and the Over frames of the strip, in their order.
+constexpr std::array stripStates = {ButtonState::Clicked, ButtonState::Disabled, ButtonState::HasFocus,
+                                    ButtonState::Down};
 
 constexpr unsigned bit(ButtonState state)
 {
@@ -39,6 +36,65 @@ QChar accessCharacter(QStringView caption)
     const qsizetype mark = caption.indexOf(u'&');
     const qsizetype place = mark < 0 ? 0 : mark + 1;
     return place < caption.size() && caption[place] != u'&' ? caption[place] : QChar();
+}
+
+/// The toolkit's own would switch a button that latches over by itself.
+class AccessibleSkinButton final : public QAccessibleWidget
+{
+public:
+    explicit AccessibleSkinButton(SkinButton &button)
+        : QAccessibleWidget(&button, QAccessible::PushButton), m_button(button)
+    {}
+
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind == QAccessible::Name && m_button.accessibleName().isEmpty()) {
+            return withoutMarks(m_button.Caption());
+        }
+        return kind == QAccessible::Accelerator ? m_button.shortcut().toString(QKeySequence::NativeText)
+                                                : QAccessibleWidget::text(kind);
+    }
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.pressed = m_button.isDown();
+        state.checkable = m_button.canLatch();
+        state.checked = m_button.Down();
+        return state;
+    }
+    QStringList actionNames() const override
+    {
+        QStringList names = QAccessibleWidget::actionNames();
+        return m_button.isEnabled() ? QStringList{pressAction()} + names : names;
+    }
+    void doAction(const QString &name) override
+    {
+        if (name == pressAction()) {
+            m_button.animateClick(); // later: the caller need not wait for what the click does
+        } else {
+            QAccessibleWidget::doAction(name);
+        }
+    }
+    QStringList keyBindingsForAction(const QString &name) const override
+    {
+        return name == pressAction() ? QStringList{text(QAccessible::Accelerator)} : QStringList();
+    }
+
+private:
+    /// "&&" is a "&".
+    static QString withoutMarks(const QString &caption)
+    {
+        static const QRegularExpression mark(QStringLiteral("&(.?)"));
+        return QString(caption).replace(mark, QStringLiteral("\\1"));
+    }
+
+    SkinButton &m_button;
+};
+
+QAccessibleInterface *accessibleFor([[maybe_unused]] const QString &className, QObject *object)
+{
+    auto *button = qobject_cast<SkinButton *>(object);
+    return button == nullptr ? nullptr : new AccessibleSkinButton(*button);
 }
 
 } // namespace
@@ -84,60 +140,42 @@ SkinButton::SkinButton(QWidget *parent) : QAbstractButton(parent)
     connect(&tmrHittest, &QTimer::timeout, this, &SkinButton::animate);
     connect(this, &QAbstractButton::pressed, this, &SkinButton::redraw);
     connect(this, &QAbstractButton::released, this, &SkinButton::redraw);
-    connect(this, &QAbstractButton::toggled, this, &SkinButton::redraw);
+    QAccessible::installFactory(accessibleFor); // one that is there already is not added again
 }
 
 SkinButton::~SkinButton() = default;
 
 void SkinButton::SetSkin(ButtonState state, const SkinBitmap &bitmap)
 {
-    if (bitmap == nullptr || bitmap->isEmpty()) {
+    if (bitmap == nullptr || bitmap->isEmpty() || bitmap->Width() > largestFrame ||
+        bitmap->Height() > largestFrame) {
         return;
     }
     if (state == ButtonState::Normal) {
-        begin(*bitmap);
+        begin(bitmap);
     } else if (state == ButtonState::Overlay) {
         setOverlay(bitmap);
-    } else if (m_isFinished || m_frameWidth == 0) {
+    } else if (m_isFinished || m_frameSize.isEmpty()) {
         return;
-    } else if (state == ButtonState::Over) {
-        addOverFrame(*bitmap);
     } else if (state == ButtonState::Mask) {
         m_present |= bit(state);
-        setMask(regionFromDIB(*bitmap, cutAwayByMask));
-    } else {
-        const auto *place = std::ranges::find(stripPlaces, state, &StripPlace::state);
-        if (place != stripPlaces.end()) {
-            m_present |= bit(state);
-            m_strip.LoadPictureBlt(*bitmap, {place->building * m_frameWidth, 0},
-                                   QRect(0, 0, m_frameWidth, bitmap->Height()));
-        }
+        setMask(regionFromDIB(*bitmap, cutAwayByMask).value_or(QRegion()));
+    } else if (state == ButtonState::Over && m_overPictures.size() < mostOverFrames) {
+        m_present |= bit(state);
+        m_overPictures.push_back(bitmap);
+    } else if (std::ranges::find(stripStates, state) != stripStates.end()) {
+        m_present |= bit(state);
+        m_pictures[static_cast<std::size_t>(state)] = bitmap;
     }
 }
 
-void SkinButton::begin(const cDIBSection &normal)
+void SkinButton::begin(const SkinBitmap &normal)
 {
     ClearSkin();
     m_present = 0;
-    Sequence.frames = 0;
-    m_sequence.ClearUp();
-    m_frameWidth = normal.Width();
-    m_strip.Create(buildingFrames * m_frameWidth, normal.Height());
-    m_strip.LoadPictureBlt(normal, {});
-}
-
-void SkinButton::addOverFrame(const cDIBSection &bitmap)
-{
-    if (Sequence.frames == mostOverFrames) {
-        return;
-    }
-    m_present |= bit(ButtonState::Over);
-    if (m_sequence.isEmpty()) {
-        m_sequence.Create(mostOverFrames * m_frameWidth, m_strip.Height());
-    }
-    m_sequence.LoadPictureBlt(bitmap, {m_frameWidth * Sequence.frames, 0},
-                              QRect(0, 0, m_frameWidth, bitmap.Height()));
-    ++Sequence.frames;
+    m_overPictures.clear();
+    m_frameSize = normal->size();
+    m_pictures[static_cast<std::size_t>(ButtonState::Normal)] = normal;
 }
 
 /// Of an overlay whose first pixel is transparent by itself no colour is taken away.
@@ -147,8 +185,8 @@ void SkinButton::setOverlay(const SkinBitmap &bitmap)
         return;
     }
     m_overlay = bitmap;
-    const bool isTransparent = qAlpha(bitmap->image().pixel(0, 0)) == 0;
-    if (OverlayMaskColour != noOverlayMaskColour && !isTransparent) {
+    const bool isTransparent = bitmap->isTransparentAt(0, 0);
+    if (OverlayMaskColour != noColour && !isTransparent) {
         OverlayMaskColour = static_cast<ColourValue>(bitmap->GetPixel(0, 0));
         auto keyed = std::make_shared<cDIBSection>();
         keyed->Create(bitmap->Width(), bitmap->Height());
@@ -160,34 +198,15 @@ void SkinButton::setOverlay(const SkinBitmap &bitmap)
 
 void SkinButton::FinishSkin()
 {
-    if (m_isFinished || m_frameWidth == 0) {
+    if (m_isFinished || m_frameSize.isEmpty()) {
         return;
     }
     m_isFinished = true;
-    int frames = 1 + Sequence.frames;
-    for (const StripPlace &place : stripPlaces) {
-        frames += has(place.state) ? 1 : 0;
-    }
-    const QSize size(m_frameWidth, m_strip.Height());
-    cDIBSection strip;
-    strip.Create(frames * m_frameWidth, size.height());
-    strip.LoadPictureBlt(m_strip, {}, QRect(QPoint(), size));
-    for (const StripPlace &place : stripPlaces) {
-        if (has(place.state)) {
-            strip.LoadPictureBlt(m_strip, frame(place.state).topLeft(),
-                                 QRect(QPoint(place.building * m_frameWidth, 0), size));
-        }
-    }
-    if (Sequence.frames > 0) {
-        strip.LoadPictureBlt(m_sequence, frame(ButtonState::Over).topLeft(),
-                             QRect(0, 0, Sequence.frames * m_frameWidth, size.height()));
-    }
-    m_strip = std::move(strip);
-    m_sequence.ClearUp();
-    resize(size);
-    if (has(ButtonState::Down)) {
-        setCheckable(true); // so that it is heard as latched
-    }
+    Sequence.frames = static_cast<int>(m_overPictures.size());
+    m_strip = makeStrip();
+    m_pictures = {};
+    m_overPictures.clear();
+    resize(m_frameSize);
     if (!has(ButtonState::Mask)) {
         clearMask();
     }
@@ -198,6 +217,30 @@ void SkinButton::FinishSkin()
     update();
 }
 
+/// No picture reaches into the next frame.
+cDIBSection SkinButton::makeStrip() const
+{
+    int frames = 1 + Sequence.frames;
+    for (const ButtonState state : stripStates) {
+        frames += has(state) ? 1 : 0;
+    }
+    cDIBSection strip;
+    strip.Create(frames * m_frameSize.width(), m_frameSize.height());
+    const auto place = [&](const SkinBitmap &bitmap, const QRect &frame) {
+        strip.LoadPictureBlt(*bitmap, frame.topLeft(), QRect(QPoint(), m_frameSize));
+    };
+    place(m_pictures[static_cast<std::size_t>(ButtonState::Normal)], frame(ButtonState::Normal));
+    for (const ButtonState state : stripStates) {
+        if (has(state)) {
+            place(m_pictures[static_cast<std::size_t>(state)], frame(state));
+        }
+    }
+    for (int number = 1; number <= Sequence.frames; ++number) {
+        place(m_overPictures[static_cast<std::size_t>(number - 1)], frame(ButtonState::Over, number));
+    }
+    return strip;
+}
+
 void SkinButton::ClearSkin()
 {
     if (!m_isFinished) {
@@ -205,20 +248,36 @@ void SkinButton::ClearSkin()
     }
     m_isFinished = false;
     m_present = 0;
-    m_frameWidth = 0;
+    m_frameSize = {};
     m_strip.ClearUp();
     m_overlay.reset();
     clearMask();
     Sequence.frames = 0;
+    updateGeometry();
     update();
 }
 
 void SkinButton::setCaption(const QString &caption)
 {
+    m_ownCaption = caption;
+    showCaption(caption);
+}
+
+void SkinButton::setSkinCaption(const QString &caption)
+{
+    const QString &shown = caption.isEmpty() ? m_ownCaption : caption;
+    if (shown != m_caption) {
+        setShortcut({}); // the key of another skin's caption
+        showCaption(shown);
+    }
+}
+
+void SkinButton::showCaption(const QString &caption)
+{
     const QKeySequence before = shortcut();
-    m_caption = caption;
-    setText(caption); // what assistive programs are told
-    const QChar access = accessCharacter(caption);
+    m_caption = caption.left(longestCaption);
+    setText(m_caption); // takes the access key away, and tells assistive programs
+    const QChar access = accessCharacter(m_caption);
     setShortcut(access.isNull() ? before
                                 : QKeySequence(QKeyCombination(
                                       Qt::AltModifier, static_cast<Qt::Key>(access.toUpper().unicode()))));
@@ -228,8 +287,16 @@ void SkinButton::setCaption(const QString &caption)
 
 void SkinButton::setLatched(bool down)
 {
-    setCheckable(isCheckable() || down);
-    setChecked(down);
+    if (down == m_isLatched) {
+        return;
+    }
+    m_isLatched = down;
+    redraw();
+    update(); // without a skin it is no other state
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
 }
 
 ButtonState SkinButton::chosenState() const
@@ -256,20 +323,20 @@ bool SkinButton::has(ButtonState state) const
 
 QRect SkinButton::frame(ButtonState state, int overFrame) const
 {
-    if (!has(state) || m_frameWidth == 0) {
+    if (!has(state) || m_frameSize.isEmpty()) {
         return {};
     }
     int index = 0;
     if (state != ButtonState::Normal) {
-        for (const StripPlace &place : stripPlaces) {
-            index += has(place.state) ? 1 : 0;
-            if (place.state == state) {
+        for (const ButtonState before : stripStates) {
+            index += has(before) ? 1 : 0;
+            if (before == state) {
                 break;
             }
         }
         index += state == ButtonState::Over ? overFrame : 0;
     }
-    return {index * m_frameWidth, 0, m_frameWidth, m_strip.Height()};
+    return {QPoint(index * m_frameSize.width(), 0), m_frameSize};
 }
 
 QRect SkinButton::shownFrame(ButtonState state) const
@@ -280,27 +347,34 @@ QRect SkinButton::shownFrame(ButtonState state) const
     return frame(has(state) ? state : ButtonState::Normal, Sequence.current);
 }
 
-/// Shows the state that is to be shown now, when it is another one than is shown.
-void SkinButton::redraw()
+/// The state to be shown now becomes the one that is shown. True when it is another one.
+bool SkinButton::takeState()
 {
     const ButtonState state = chosenState();
     if (state == m_shown) {
-        return;
+        return false;
     }
     m_shown = state;
     if (state == ButtonState::Over) {
         Sequence.restart();
     }
-    update();
+    return true;
+}
+
+void SkinButton::redraw()
+{
+    if (takeState()) {
+        update();
+    }
 }
 
 void SkinButton::setOver(bool isOver)
 {
     m_isOver = isOver;
-    if (isOver && Sequence.frames > 1) {
-        tmrHittest.start();
-    } else {
+    if (!isOver || Sequence.frames < 2) {
         tmrHittest.stop();
+    } else if (!tmrHittest.isActive()) {
+        tmrHittest.start();
     }
     redraw();
 }
@@ -314,8 +388,8 @@ void SkinButton::animate()
 
 QImage SkinButton::picture(ButtonState state, qreal ratio) const
 {
-    const QSize device(static_cast<int>(std::lround(m_frameWidth * ratio)),
-                       static_cast<int>(std::lround(m_strip.Height() * ratio)));
+    const QSize device(static_cast<int>(std::lround(m_frameSize.width() * ratio)),
+                       static_cast<int>(std::lround(m_frameSize.height() * ratio)));
     QImage image(device, QImage::Format_ARGB32_Premultiplied);
     if (!image.isNull()) {
         image.setDevicePixelRatio(ratio);
@@ -330,8 +404,8 @@ void SkinButton::paintState(QPainter &painter, ButtonState state) const
 {
     AlignedPainter(painter).draw({}, m_strip, shownFrame(state));
     if (m_overlay != nullptr) {
-        const QPoint place((m_frameWidth - m_overlay->Width()) / 2,
-                           (m_strip.Height() - m_overlay->Height()) / 2);
+        const QPoint place((m_frameSize.width() - m_overlay->Width()) / 2,
+                           (m_frameSize.height() - m_overlay->Height()) / 2);
         m_overlay->PaintPicture(painter, place);
     }
     if (!m_caption.isEmpty()) {
@@ -343,20 +417,22 @@ void SkinButton::paintCaption(QPainter &painter, ButtonState state) const
 {
     const bool isDisabled = state == ButtonState::Disabled;
     const SystemColours system(palette());
-    const QFontMetrics metrics(font(), this);
-    const int top = (m_strip.Height() - metrics.height()) / 2;
+    const QFont font = captionFont(this->font());
+    const QFontMetrics metrics(font, this);
+    const int top = (m_frameSize.height() - metrics.height()) / 2;
+    const QPoint end(m_frameSize.width() - 1, m_frameSize.height() - 1);
     const QPoint way = state == ButtonState::Clicked ? ClickTextOffset : QPoint();
-    const QRect shadow =
-        QRect(QPoint(1, top), QPoint(m_frameWidth - 1, m_strip.Height() - 1)).translated(way);
-    const QRect text =
-        QRect(QPoint(-1, top - 1), QPoint(m_frameWidth - 1, m_strip.Height() - 1)).translated(way);
+    const QRect shadow = QRect(QPoint(1, top), end).translated(way);
+    const QRect text = QRect(QPoint(-1, top - 1), end).translated(way);
     constexpr int flags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextShowMnemonic | Qt::TextSingleLine;
-    const QString caption = metrics.elidedText(m_caption, Qt::ElideRight, m_frameWidth, Qt::TextShowMnemonic);
+    const QString caption =
+        metrics.elidedText(m_caption, Qt::ElideRight, m_frameSize.width(), Qt::TextShowMnemonic);
 
-    painter.setFont(font());
-    painter.setPen(toColor(system.resolve(isDisabled ? DisabledShadowColour : ForeShadowColour)));
+    painter.setFont(font);
+    painter.setPen(
+        toColor(system.resolve(isDisabled ? Colours.DisabledShadowColour : Colours.ForeShadowColour)));
     painter.drawText(shadow, flags, caption);
-    painter.setPen(toColor(system.resolve(isDisabled ? DisabledForeColour : ForeColour)));
+    painter.setPen(toColor(system.resolve(isDisabled ? Colours.DisabledForeColour : Colours.ForeColour)));
     painter.drawText(text, flags, caption);
 }
 
@@ -373,7 +449,7 @@ void SkinButton::paintPlain()
 QSize SkinButton::sizeHint() const
 {
     if (m_isFinished) {
-        return {m_frameWidth, m_strip.Height()};
+        return m_frameSize;
     }
     QStyleOptionButton option;
     option.initFrom(this);
@@ -388,6 +464,7 @@ void SkinButton::paintEvent(QPaintEvent * /*event*/)
         paintPlain();
         return;
     }
+    takeState();
     QPainter painter(this);
     paintState(painter, m_shown);
 }
@@ -427,15 +504,23 @@ void SkinButton::changeEvent(QEvent *event)
 {
     QAbstractButton::changeEvent(event);
     redraw();
-    update();
 }
 
 /// Enter presses a button as the space bar does.
 void SkinButton::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        animateClick();
+        if (!event->isAutoRepeat()) {
+            animateClick();
+        }
     } else {
         QAbstractButton::keyPressEvent(event);
     }
+}
+
+/// A pressed button whose pointer is dragged off is not below it any more.
+void SkinButton::mouseMoveEvent(QMouseEvent *event)
+{
+    QAbstractButton::mouseMoveEvent(event);
+    setOver(hitButton(event->position().toPoint()));
 }

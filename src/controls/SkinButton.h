@@ -1,10 +1,13 @@
 #pragma once
 
-#include "core/colours.h"
+#include "platform/skin_values.h"
 #include "skin/cDIBSection.h"
 
 #include <QAbstractButton>
 #include <QTimer>
+
+#include <array>
+#include <vector>
 
 /// The states a button shows, and what SetSkin takes. The numbers are the interface.
 enum class ButtonState : int
@@ -37,10 +40,19 @@ struct OverSequence
     bool advance(int milliseconds);
 };
 
+/// The colours of a button's caption; those of a button without a skin to begin with.
+struct ButtonColours
+{
+    ColourValue ForeColour = 0x80000012; ///< the system's button text
+    ColourValue ForeShadowColour = 0xFFFFFF;
+    ColourValue DisabledForeColour = 0xC0C0C0;
+    ColourValue DisabledShadowColour = 0xFFFFFF;
+};
+
 /// A button that is drawn from the skin's bitmaps: one a state, an optional overlay on all of them, an
 /// optional shape, and a caption with a shadow. The bitmaps are handed over a state at a time, Normal first,
 /// and put together in one strip by FinishSkin(), which gives the button its size; the overlay comes after
-/// that. Until then it looks like the desktop's own buttons.
+/// that. Until then it looks like the desktop's own buttons. Whether it is latched is the owner's to say.
 class SkinButton final : public QAbstractButton
 {
     Q_OBJECT
@@ -51,7 +63,8 @@ public:
     explicit SkinButton(QWidget *parent = nullptr);
     ~SkinButton() override;
 
-    /// No bitmap changes nothing. On a finished button only Normal, which begins a new skin, and Overlay.
+    /// No bitmap, or one of more than 1,024 pixels in either direction, changes nothing. On a finished button
+    /// only Normal, which begins a new skin, and Overlay.
     void SetSkin(ButtonState state, const SkinBitmap &bitmap);
     void FinishSkin();
     /// Forgets a finished skin.
@@ -61,10 +74,15 @@ public:
     /// The caption; "&" marks the access key, which without one is the first character.
     [[nodiscard]] QString Caption() const { return m_caption; }
     void setCaption(const QString &caption);
+    /// What the skin prints on the button instead; where that is empty its own caption comes back.
+    void setSkinCaption(const QString &caption);
 
     /// Latched: shown where the skin has a picture for it.
-    [[nodiscard]] bool Down() const { return isChecked(); }
+    [[nodiscard]] bool Down() const { return m_isLatched; }
     void setLatched(bool down);
+
+    /// Whether it is one that latches: it is, or could show that it is.
+    [[nodiscard]] bool canLatch() const { return m_isLatched || has(ButtonState::Down); }
 
     /// What is shown now.
     [[nodiscard]] ButtonState State() const { return m_shown; }
@@ -77,17 +95,11 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
 
-    ColourValue ForeColour = 0x80000012; ///< the system's button text
-    ColourValue ForeShadowColour = 0xFFFFFF;
-    ColourValue DisabledForeColour = 0xC0C0C0;
-    ColourValue DisabledShadowColour = 0xFFFFFF;
-    /// noOverlayMaskColour: the overlay is copied as it is. Else the colour of its first pixel is
-    /// transparent.
-    ColourValue OverlayMaskColour = noOverlayMaskColour;
+    ButtonColours Colours;
+    /// noColour: the overlay is copied as it is. Else the colour of its first pixel is transparent.
+    ColourValue OverlayMaskColour = noColour;
     QPoint ClickTextOffset; ///< the caption's way while pressed, in pixels
     OverSequence Sequence;
-
-    static constexpr ColourValue noOverlayMaskColour = 0xEFFFFFFF;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -98,12 +110,14 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
     void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void nextCheckState() override {} // latching is the owner's
+    void mouseMoveEvent(QMouseEvent *event) override;
 
 private:
-    void begin(const cDIBSection &normal);
-    void addOverFrame(const cDIBSection &bitmap);
+    void begin(const SkinBitmap &normal);
+    [[nodiscard]] cDIBSection makeStrip() const;
     void setOverlay(const SkinBitmap &bitmap);
+    void showCaption(const QString &caption);
+    bool takeState();
     void redraw();
     void setOver(bool isOver);
     void animate();
@@ -114,14 +128,17 @@ private:
     void paintCaption(QPainter &painter, ButtonState state) const;
     void paintPlain();
 
-    cDIBSection m_strip;    ///< six frames wide while it is built, then exactly as wide as its frames
-    cDIBSection m_sequence; ///< the Over frames while the strip is built
+    cDIBSection m_strip;                    ///< every frame, side by side, of a finished skin
+    std::array<SkinBitmap, 8> m_pictures;   ///< by state, while a skin is built
+    std::vector<SkinBitmap> m_overPictures; ///< likewise
     SkinBitmap m_overlay;
-    int m_frameWidth = 0;
+    QSize m_frameSize;
     unsigned m_present = 0; ///< a bit for each state that has a picture
     bool m_isFinished = false;
     bool m_isOver = false;
     ButtonState m_shown = ButtonState::Normal;
-    QString m_caption;
+    bool m_isLatched = false;
+    QString m_caption;    ///< as it is shown
+    QString m_ownCaption; ///< without a skin
     QTimer tmrHittest;
 };

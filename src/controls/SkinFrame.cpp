@@ -13,6 +13,10 @@ constexpr int hundredthsPerInch = 2540;
 
 constexpr std::array edges = {FramePiece::Top, FramePiece::Right, FramePiece::Left, FramePiece::Bottom};
 
+constexpr std::array fromTheTop = {FramePiece::BottomRight, FramePiece::BottomLeft, FramePiece::TopRight,
+                                   FramePiece::TopLeft,     FramePiece::Bottom,     FramePiece::Right,
+                                   FramePiece::Left,        FramePiece::Top,        FramePiece::Background};
+
 int toPixels(int hundredths, int dotsPerInch)
 {
     return static_cast<int>(std::nearbyint(double(hundredths) * dotsPerInch / hundredthsPerInch));
@@ -46,12 +50,6 @@ void SkinFrame::SetSkin(FramePiece piece, const SkinBitmap &bitmap)
     if (indexOf(piece) < m_pieces.size()) {
         m_pieces[indexOf(piece)] = bitmap == nullptr ? nullptr : withoutMask(*bitmap, MaskColour);
     }
-    m_picture = {};
-}
-
-void SkinFrame::Refresh()
-{
-    m_picture = {};
     update();
 }
 
@@ -97,66 +95,58 @@ QSize SkinFrame::sizeOf(FramePiece piece) const
     return bitmap == nullptr ? QSize(0, 0) : bitmap->size();
 }
 
+/// What the copies of the piece, or the one of a corner, cover of the frame.
+QRect SkinFrame::areaOf(FramePiece piece) const
+{
+    const QSize size = sizeOf(piece);
+    const QPoint end(width() - size.width(), height() - size.height());
+    switch (piece) {
+    case FramePiece::TopLeft:
+        return {QPoint(), size};
+    case FramePiece::Top:
+        return {0, 0, width(), size.height()};
+    case FramePiece::TopRight:
+        return {QPoint(end.x(), 0), size};
+    case FramePiece::Left:
+        return {0, 0, size.width(), height()};
+    case FramePiece::Right:
+        return {end.x(), 0, size.width(), height()};
+    case FramePiece::BottomLeft:
+        return {QPoint(0, end.y()), size};
+    case FramePiece::Bottom:
+        return {0, end.y(), width(), size.height()};
+    case FramePiece::BottomRight:
+        return {end, size};
+    case FramePiece::Background:
+        break;
+    }
+    return rect();
+}
+
+/// The piece on top comes first and keeps its area from those below it: a hole in a corner is a hole in the
+/// frame. Edges are tiled from 0; the corners cover their ends.
 void SkinFrame::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
-    const QTransform toDevice = painter.deviceTransform();
-    const AlignedPainter aligned(painter);
-    const QRect area = aligned.onDevice(rect());
-    if (m_picture.size() != area.size() || m_toDevice != toDevice) {
-        m_toDevice = toDevice;
-        m_picture = QImage(area.size(), QImage::Format_ARGB32_Premultiplied);
-        m_picture.fill(Qt::transparent);
-        QPainter picture(&m_picture);
-        picture.setWorldTransform(toDevice * QTransform::fromTranslate(-area.x(), -area.y()));
-        picture.setCompositionMode(QPainter::CompositionMode_Source);
-        AlignedPainter onPicture(picture);
-        compose(onPicture);
+    AlignedPainter aligned(painter);
+    QRegion free(aligned.onDevice(rect()));
+    for (const FramePiece piece : fromTheTop) {
+        const QSize size = sizeOf(piece);
+        if (size.isEmpty()) {
+            continue;
+        }
+        const QRect area = areaOf(piece);
+        painter.setClipRegion(free);
+        for (int y = area.top(); y <= area.bottom(); y += size.height()) {
+            for (int x = area.left(); x <= area.right(); x += size.width()) {
+                aligned.draw({x, y}, *m_pieces[indexOf(piece)]);
+            }
+        }
+        free -= aligned.onDevice(area);
     }
-    painter.drawImage(area.topLeft(), m_picture);
-}
-
-/// Edges are tiled from 0; the corners, which come last, cover their ends. Pieces replace what is below them:
-/// a hole in a corner is a hole in the frame.
-void SkinFrame::compose(AlignedPainter &painter) const
-{
     const ColourValue ground = SystemColours(palette()).resolve(BackColor);
     if (ground != MaskColour) {
-        painter.fill(rect(), toColor(ground));
+        painter.setClipRegion(free);
+        aligned.fill(rect(), toColor(ground));
     }
-    const auto tile = [&](FramePiece piece, QPoint start, QPoint step, int times) {
-        for (int i = 0; i <= times; ++i) {
-            painter.draw(start + step * i, *m_pieces[indexOf(piece)]);
-        }
-    };
-    const auto tileAcross = [&](FramePiece piece, int y) {
-        if (const QSize size = sizeOf(piece); !size.isEmpty()) {
-            tile(piece, {0, y}, {size.width(), 0}, width() / size.width());
-        }
-    };
-    const auto tileDown = [&](FramePiece piece, int x) {
-        if (const QSize size = sizeOf(piece); !size.isEmpty()) {
-            tile(piece, {x, 0}, {0, size.height()}, height() / size.height());
-        }
-    };
-    if (const QSize size = sizeOf(FramePiece::Background); !size.isEmpty()) {
-        for (int y = 0; y <= height(); y += size.height()) {
-            tileAcross(FramePiece::Background, y);
-        }
-    }
-    tileAcross(FramePiece::Top, 0);
-    tileDown(FramePiece::Left, 0);
-    tileDown(FramePiece::Right, width() - sizeOf(FramePiece::Right).width());
-    tileAcross(FramePiece::Bottom, height() - sizeOf(FramePiece::Bottom).height());
-
-    const auto corner = [&](FramePiece piece, bool right, bool bottom) {
-        if (const QSize size = sizeOf(piece); !size.isEmpty()) {
-            const QPoint place(right ? width() - size.width() : 0, bottom ? height() - size.height() : 0);
-            painter.draw(place, *m_pieces[indexOf(piece)]);
-        }
-    };
-    corner(FramePiece::TopLeft, false, false);
-    corner(FramePiece::TopRight, true, false);
-    corner(FramePiece::BottomLeft, false, true);
-    corner(FramePiece::BottomRight, true, true);
 }

@@ -3,13 +3,9 @@
 #include "core/colours.h"
 #include "skin/cDIBSection.h"
 
-#include <QImage>
-#include <QTransform>
 #include <QWidget>
 
 #include <array>
-
-class AlignedPainter;
 
 /// What SetSkin takes. The numbers are the interface.
 enum class FramePiece : int
@@ -56,13 +52,15 @@ public:
     void Wrap(const QWidget &control);
 
     /// Draws it anew; also after a change of its colours.
-    void Refresh();
+    void Refresh() { update(); }
 
     /// Hundredths of a millimetre in pixels, halves to the even one.
     [[nodiscard]] int ScaleX(int hundredths) const;
     [[nodiscard]] int ScaleY(int hundredths) const;
 
-    ColourValue BackColor = 0x8000000F; ///< below the pieces; the system's button face
+    static constexpr ColourValue systemBackColor = 0x8000000F; ///< the button face
+
+    ColourValue BackColor = systemBackColor; ///< below the pieces
     ColourValue MaskColour = 0x00FFFF;
 
 protected:
@@ -70,9 +68,7 @@ protected:
 
 private:
     [[nodiscard]] QSize sizeOf(FramePiece piece) const;
-    void compose(AlignedPainter &painter) const;
+    [[nodiscard]] QRect areaOf(FramePiece piece) const;
 
     std::array<SkinBitmap, 9> m_pieces; ///< by FramePiece
-    QImage m_picture;                   ///< in device pixels; null when it is to be drawn anew
-    QTransform m_toDevice;              ///< for which the picture was drawn
 };

@@ -5,6 +5,7 @@
 #include "skin/clsSkinResourceNew.h"
 
 #include <array>
+#include <optional>
 
 namespace {
 
@@ -29,18 +30,22 @@ void setSkins(SkinButton &button, const States &states, const BitmapAt &bitmapAt
     button.FinishSkin();
 }
 
-void setTextColours(SkinButton &button, const clsSkinResourceNew &skin)
+/// The look of its text; without a skin it is that of a button that has never had one.
+void setText(SkinButton &button, const ButtonColours &colours, const std::optional<QFont> &font)
+{
+    button.Colours = colours;
+    button.setFont(font.value_or(QFont()));
+}
+
+void setDefaultText(SkinButton &button, const clsSkinResourceNew &skin)
 {
     const auto colour = [&](ButtonItem item) { return skin.DefaultButton(item).colour(); };
-    if (skin.isRead()) {
-        button.ForeColour = colour(ButtonItem::ForeColour);
-        button.ForeShadowColour = colour(ButtonItem::ShadowColour);
-        button.DisabledForeColour = colour(ButtonItem::DisabledColour);
-        button.DisabledShadowColour = colour(ButtonItem::DisabledShadowColour);
-    }
-    if (const auto font = skin.DefaultButton(ButtonItem::Font).font()) {
-        button.setFont(*font);
-    }
+    setText(button,
+            skin.isRead()
+                ? ButtonColours{colour(ButtonItem::ForeColour), colour(ButtonItem::ShadowColour),
+                                colour(ButtonItem::DisabledColour), colour(ButtonItem::DisabledShadowColour)}
+                : ButtonColours(),
+            skin.DefaultButton(ButtonItem::Font).font());
 }
 
 void setDefaultSkins(SkinButton &button, const clsSkinResourceNew &skin)
@@ -49,25 +54,38 @@ void setDefaultSkins(SkinButton &button, const clsSkinResourceNew &skin)
              [&](std::size_t i) { return skin.DefaultButton(after(ButtonItem::Normal, i)).bitmap(); });
 }
 
+/// Stands on a button that the skin has no picture for, so that people can tell it from the others.
+QString letterOf(RoomItem overlay)
+{
+    switch (overlay) {
+    case RoomItem::BoldOverlay:
+        return QStringLiteral("B");
+    case RoomItem::ItalicOverlay:
+        return QStringLiteral("I");
+    case RoomItem::UnderlineOverlay:
+        return QStringLiteral("U");
+    default:
+        return QStringLiteral(":)");
+    }
+}
+
 } // namespace
 
 void dressButton(SkinButton &button, const clsSkinResourceNew &skin)
 {
-    setTextColours(button, skin);
+    setDefaultText(button, skin);
     setDefaultSkins(button, skin);
 }
 
 void dressRoomButton(SkinButton &button, const clsSkinResourceNew &skin, RoomItem normal, RoomItem text)
 {
-    setTextColours(button, skin);
+    setDefaultText(button, skin);
     if (skin.ChatRoom(normal).bitmap() == nullptr) {
         setDefaultSkins(button, skin);
     } else {
         setSkins(button, groupOfSix, [&](std::size_t i) { return skin.ChatRoom(after(normal, i)).bitmap(); });
     }
-    if (const QString caption = skin.ChatRoom(text).text(); !caption.isEmpty()) {
-        button.setCaption(caption);
-    }
+    button.setSkinCaption(skin.ChatRoom(text).text());
 }
 
 void dressFormatButton(SkinButton &button, const clsSkinResourceNew &skin, RoomItem overlay)
@@ -75,12 +93,14 @@ void dressFormatButton(SkinButton &button, const clsSkinResourceNew &skin, RoomI
     constexpr std::array states = {ButtonState::Normal,   ButtonState::Over,     ButtonState::Clicked,
                                    ButtonState::Disabled, ButtonState::HasFocus, ButtonState::Down,
                                    ButtonState::Mask};
-    setTextColours(button, skin);
+    setDefaultText(button, skin);
     setSkins(button, states,
              [&](std::size_t i) { return skin.ChatRoom(after(RoomItem::NormalFormat, i)).bitmap(); });
     const bool keyed = skin.ChatRoom(RoomItem::HasOverlays).number() != 0;
-    button.OverlayMaskColour = keyed ? 0 : SkinButton::noOverlayMaskColour;
-    button.SetSkin(ButtonState::Overlay, skin.ChatRoom(overlay).bitmap());
+    button.OverlayMaskColour = keyed ? 0 : noColour;
+    const SkinBitmap sign = skin.ChatRoom(overlay).bitmap();
+    button.SetSkin(ButtonState::Overlay, sign);
+    button.setSkinCaption(button.isFinished() && sign != nullptr ? QString() : letterOf(overlay));
 }
 
 void dressSelectButton(SkinButton &button, clsSkinResourceNew &skin)
@@ -88,39 +108,38 @@ void dressSelectButton(SkinButton &button, clsSkinResourceNew &skin)
     constexpr std::array states = {ButtonState::Normal,   ButtonState::Over,     ButtonState::Clicked,
                                    ButtonState::Disabled, ButtonState::HasFocus, ButtonState::Mask,
                                    ButtonState::Down};
-    setTextColours(button, skin);
-    if (skin.isRead()) {
-        button.ForeColour = skin.OptionsForm(OptionsItem::ButtonForeColour).colour();
-        button.ForeShadowColour = skin.OptionsForm(OptionsItem::ButtonShadowColour).colour();
-        button.DisabledForeColour = skin.OptionsForm(OptionsItem::ButtonDisabledColour).colour();
-        button.DisabledShadowColour = skin.OptionsForm(OptionsItem::ButtonDisabledShadowColour).colour();
-    }
-    if (const auto font = skin.OptionsForm(OptionsItem::ButtonFont).font()) {
-        button.setFont(*font);
-    }
+    const auto colour = [&](OptionsItem item) { return skin.OptionsForm(item).colour(); };
+    const std::optional<QFont> font = skin.OptionsForm(OptionsItem::ButtonFont).font();
+    setText(button,
+            skin.isRead() ? ButtonColours{colour(OptionsItem::ButtonForeColour),
+                                          colour(OptionsItem::ButtonShadowColour),
+                                          colour(OptionsItem::ButtonDisabledColour),
+                                          colour(OptionsItem::ButtonDisabledShadowColour)}
+                          : ButtonColours(),
+            font ? font : skin.DefaultButton(ButtonItem::Font).font());
     setSkins(button, states,
              [&](std::size_t i) { return skin.OptionsForm(after(OptionsItem::NormalSelect, i)).bitmap(); });
 }
 
-void dressInfoButton(SkinButton &button, clsSkinResourceNew &skin, std::unique_ptr<SkinStorage> &storage)
+void dressInfoButton(SkinButton &button, clsSkinResourceNew &skin)
 {
-    setTextColours(button, skin);
-    setSkins(button, groupOfSix, [&](std::size_t i) {
-        return skin.MessagingForm(after(PrivateItem::NormalInfo, i), storage).bitmap();
-    });
+    setDefaultText(button, skin);
+    setSkins(button, groupOfSix,
+             [&](std::size_t i) { return skin.MessagingForm(after(PrivateItem::NormalInfo, i)).bitmap(); });
 }
 
 void dressSystemButton(SkinButton &button, clsSkinResourceNew &skin, FormItem normal)
 {
     constexpr std::array states = {ButtonState::Normal, ButtonState::Over, ButtonState::Clicked};
     setSkins(button, states, [&](std::size_t i) { return skin.FormDefaults(after(normal, i)).bitmap(); });
+    if (!button.isFinished()) {
+        button.resize(0, 0); // the title strip has no place for it
+    }
 }
 
 void dressFrame(SkinFrame &frame, const clsSkinResourceNew &skin)
 {
-    if (skin.isRead()) {
-        frame.BackColor = skin.Frame(FrameItem::BackColour).colour();
-    }
+    frame.BackColor = skin.isRead() ? skin.Frame(FrameItem::BackColour).colour() : SkinFrame::systemBackColor;
     for (std::size_t i = 0; i < 8; ++i) {
         frame.SetSkin(after(FramePiece::TopLeft, i), skin.Frame(after(FrameItem::TopLeft, i)).bitmap());
     }

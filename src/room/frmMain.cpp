@@ -9,6 +9,7 @@
 #include "emotions/built_in_pictures.h"
 #include "emotions/emoticon_file.h"
 #include "link/frmComms.h"
+#include "platform/addresses.h"
 #include "platform/prompts.h"
 #include "platform/rich_edit.h"
 #include "room/member_names.h"
@@ -18,9 +19,9 @@
 #include "skin/icon_list.h"
 #include "skin/skin_chat_colours.h"
 
-#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -33,13 +34,6 @@
 namespace {
 
 constexpr QSize designedSize(760, 540);
-
-/// A plain widget would be heard as a thing of no kind.
-QAccessibleInterface *accessibleFor([[maybe_unused]] const QString &className, QObject *object)
-{
-    auto *window = qobject_cast<frmMain *>(object);
-    return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Window);
-}
 
 } // namespace
 
@@ -63,7 +57,6 @@ frmMain::frmMain(SharedState &state, Options &options, frmComms &link, Prompts &
       m_composing(state, link, *this),
       m_exitRoad(state, m_lifecycle, link)
 {
-    QAccessible::installFactory(accessibleFor); // a factory that is there already is not added again
     setObjectName(QStringLiteral("frmMain"));
     setMinimumSize(roomMinimumSize);
     setRoomCaption({});
@@ -157,7 +150,8 @@ void frmMain::takeComposeLook()
 
 void frmMain::fillEmotions()
 {
-    LoadEmotions(Emotions, m_looks.skin.myApp().Path());
+    LoadEmotions(Emotions, pagesFolder(QCoreApplication::applicationDirPath()) + u'/'); // those that ship
+    LoadEmotions(Emotions, m_looks.skin.myApp().Path());                                // the user's own
     for (qsizetype at = 1; at <= Emotions.Count(); ++at) {
         m_controls.lstEmotions->addItem(Emotions.Item(at)->Emotion);
     }
@@ -167,12 +161,9 @@ void frmMain::fillEmotions()
 void frmMain::fillIcons()
 {
     imgList.clear();
+    imgList.setMaskColour({});
     addBuiltInEmoticons(imgList);
-    try {
-        addProgramIcons(imgList, m_looks.skin.myApp(), devicePixelRatioF());
-    } catch (const SkinError &error) {
-        m_looks.skin.report(QString(u"skin icons not used: " % error.reason()));
-    }
+    addProgramIcons(imgList, skin(), devicePixelRatioF());
 }
 
 /// The first showing: what needs the messenger waits until the window is on the screen.

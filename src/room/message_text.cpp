@@ -1,8 +1,10 @@
 #include "room/message_text.h"
 
+#include "core/shown_name.h"
+
 QString oneLine(const QString &name)
 {
-    return withLineFeeds(name).replace(u'\n', u' ');
+    return withLineFeeds(shownName(name)).replace(u'\n', u' ');
 }
 
 QString withLineFeeds(const QString &text)

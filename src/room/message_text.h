@@ -4,7 +4,7 @@
 
 /// What every rendering of a message does to the words of strangers before it shows them.
 
-/// A name on one line: line ends show as spaces.
+/// A name on one line: line ends show as spaces, and what cannot be seen is gone.
 [[nodiscard]] QString oneLine(const QString &name);
 
 /// The text with plain line feeds for all kinds of line ends.

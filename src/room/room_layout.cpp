@@ -73,13 +73,14 @@ void layOutEmotions(RoomControls &c, bool show)
     c.lstEmotions->setVisible(show);
 }
 
-/// A button that has no skin has the size that it asks for.
+/// A button that has no skin is as wide as its caption wants.
 void resizeUndressed(RoomControls &c)
 {
     for (SkinButton *button : {c.smdBold, c.smdItalic, c.smdUnderline, c.smdFont, c.smdEmoticon,
                                c.smdEmotions, c.smdSend, c.smdMenu, c.smdExit}) {
         if (!button->isFinished()) {
-            button->resize(button->sizeHint());
+            const int caption = button->fontMetrics().horizontalAdvance(button->Caption());
+            button->resize(caption + 6 * gap, button->sizeHint().height());
         }
     }
 }

@@ -1,5 +1,6 @@
 #include "skin/cDIBSection.h"
 
+#include "platform/text_looks.h"
 #include "skin/aligned_painter.h"
 
 #include <QPainter>
@@ -12,7 +13,6 @@ namespace {
 constexpr std::size_t scaledKept =
     24; // a button's frames, or the four sizes that a tile has between whole ratios
 constexpr int longestKeyed = std::numeric_limits<qint16>::max();
-constexpr QRgb opaque = 0xFF000000;
 
 QRect twice(const QRect &rect)
 {
@@ -166,10 +166,14 @@ cDIBSection cDIBSection::keyed(ColourValue transparent) const
                             .arg(Width())
                             .arg(Height()));
     }
-    const QRgb colour =
-        opaque | (transparent & 0xFF) << 16 | (transparent & 0xFF00) | (transparent >> 16 & 0xFF);
+    const QRgb colour = toColor(transparent).rgb();
     cDIBSection result;
     result.m_image = withoutColour(m_image, colour);
     result.m_fine = withoutColour(m_fine, colour);
     return result;
+}
+
+qint32 maskColourOf(const SkinBitmap &bitmap)
+{
+    return bitmap == nullptr || bitmap->isTransparentAt(0, 0) ? noMaskColour : bitmap->GetPixel(0, 0);
 }

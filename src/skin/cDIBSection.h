@@ -33,6 +33,12 @@ public:
     /// The colour at this place, counted from the top left; -1 outside the picture.
     [[nodiscard]] qint32 GetPixel(int x, int y) const;
 
+    /// Whether nothing is to be seen there; its colour means nothing then.
+    [[nodiscard]] bool isTransparentAt(int x, int y) const
+    {
+        return m_image.valid(x, y) && qAlpha(m_image.pixel(x, y)) == 0;
+    }
+
     /// Copies that part of the source to this place; what lies outside either picture is left away.
     void LoadPictureBlt(const cDIBSection &source, QPoint place, const QRect &part);
     void LoadPictureBlt(const cDIBSection &source, QPoint place);
@@ -73,3 +79,10 @@ private:
 
 /// A picture that several windows and controls share; null is none.
 using SkinBitmap = std::shared_ptr<const cDIBSection>;
+
+/// No pixel has it.
+inline constexpr qint32 noMaskColour = -1;
+
+/// The colour that this picture names by its first pixel; noMaskColour for no picture, or where that pixel is
+/// transparent.
+[[nodiscard]] qint32 maskColourOf(const SkinBitmap &bitmap);

@@ -1,6 +1,7 @@
 #include "skin/cDIBSectionRgn2.h"
 
 #include "platform/skin_error.h"
+#include "platform/text_looks.h"
 #include "skin/cDIBSection.h"
 
 #include <QWindow>
@@ -9,7 +10,7 @@
 
 namespace {
 
-constexpr qint32 noMaskColour = -1;
+constexpr std::size_t mostRectangles = 2000;
 
 /// One row's runs of kept pixels.
 using Runs = std::vector<std::pair<int, int>>;
@@ -17,8 +18,7 @@ using Runs = std::vector<std::pair<int, int>>;
 class MaskColour
 {
 public:
-    explicit MaskColour(qint32 colour) : m_pixel(qRgb(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF))
-    {}
+    explicit MaskColour(qint32 colour) : m_pixel(toColor(static_cast<ColourValue>(colour)).rgb()) {}
 
     [[nodiscard]] bool cuts(QRgb pixel) const { return pixel == m_pixel || qAlpha(pixel) == 0; }
 
@@ -54,7 +54,7 @@ void addBand(std::vector<QRect> &rects, const Runs &runs, int top, int bottom)
 
 /// Rows with the same runs become one band, so that the rectangles come out sorted, as few as can be, and the
 /// region can take them as they are.
-QRegion regionFromDIB(const cDIBSection &bitmap, qint32 maskColour)
+std::optional<QRegion> regionFromDIB(const cDIBSection &bitmap, qint32 maskColour)
 {
     if (maskColour == noMaskColour) {
         return QRegion(QRect(QPoint(), bitmap.size()));
@@ -69,11 +69,17 @@ QRegion regionFromDIB(const cDIBSection &bitmap, qint32 maskColour)
         findRuns(reinterpret_cast<const QRgb *>(image.constScanLine(y)), image.width(), mask, runs);
         if (runs != band) {
             addBand(rects, band, bandTop, y);
+            if (rects.size() > mostRectangles) {
+                return std::nullopt;
+            }
             band.swap(runs);
             bandTop = y;
         }
     }
     addBand(rects, band, bandTop, image.height());
+    if (rects.size() > mostRectangles) {
+        return std::nullopt;
+    }
     QRegion region;
     region.setRects(rects.data(), static_cast<int>(rects.size()));
     return region;
@@ -90,12 +96,16 @@ void cDIBSectionRgn2::CreateRegion(int width, int height)
     m_region = m_whole;
 }
 
-void cDIBSectionRgn2::AddRegionFromDIB(const QString &key, const cDIBSection *bitmap, qint32 maskColour)
+bool cDIBSectionRgn2::AddRegionFromDIB(const QString &key, const cDIBSection *bitmap, qint32 maskColour)
 {
     m_shapes.Remove(key);
-    if (bitmap != nullptr) {
-        m_shapes.Add(regionFromDIB(*bitmap, maskColour), bitmap->Width(), bitmap->Height(), key);
+    if (bitmap == nullptr) {
+        return true;
     }
+    const std::optional<QRegion> shape = regionFromDIB(*bitmap, maskColour);
+    m_shapes.Add(shape.value_or(QRegion(QRect(QPoint(), bitmap->size()))), bitmap->Width(), bitmap->Height(),
+                 key);
+    return shape.has_value();
 }
 
 void cDIBSectionRgn2::MergeRegion(const QString &key, int x, int y)
@@ -115,9 +125,12 @@ void cDIBSectionRgn2::MergeRegion(const QString &key, int x, int y)
 void cDIBSectionRgn2::apply(QWidget &window)
 {
     m_window = &window;
+    const QRegion mask = m_region == QRegion(m_whole) ? QRegion() : m_region;
     // Set on the native window: through the widget a whole repaint costs seven times as much.
-    if (QWindow *native = window.windowHandle()) {
-        native->setMask(m_region == QRegion(m_whole) ? QRegion() : m_region);
+    QWindow *native = window.windowHandle();
+    if (native != nullptr && (m_native != window.internalWinId() || native->mask() != mask)) {
+        m_native = window.internalWinId();
+        native->setMask(mask);
     }
     window.update();
 }

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "core/colours.h"
 #include "core/keyed_collection.h"
 
 #include <QPointer>
 #include <QRegion>
 #include <QWidget>
+
+#include <optional>
 
 class cDIBSection;
 
@@ -42,8 +43,8 @@ public:
     void CreateRegion(int width, int height);
 
     /// Finds the shape of the picture and keeps it under the key, in place of an older one. Nothing is kept
-    /// for no picture. A mask colour of -1 is no colour: such a picture is a whole rectangle.
-    void AddRegionFromDIB(const QString &key, const cDIBSection *bitmap, qint32 maskColour);
+    /// for no picture. False when the shape is too fine: the picture then counts as a whole rectangle.
+    bool AddRegionFromDIB(const QString &key, const cDIBSection *bitmap, qint32 maskColour);
 
     /// Pastes the shape: within its rectangle the region becomes that shape, and nothing reaches over the
     /// window. Throws SkinError for a key that is not kept.
@@ -51,7 +52,7 @@ public:
 
     [[nodiscard]] const QRegion &region() const { return m_region; }
 
-    /// Gives the window this shape. Again when it gets a new native window or the region changes.
+    /// Gives the window this shape, unless it has it already.
     void apply(QWidget &window);
     /// Gives the window that has the shape its rectangle back and forgets it.
     void unapply();
@@ -62,7 +63,10 @@ private:
     QRegion m_region;
     colRegionData m_shapes;
     QPointer<QWidget> m_window;
+    WId m_native = 0; ///< of the window that was given the shape
 };
 
 /// The pixels of the picture that neither are fully transparent nor have the colour; scanned row by row.
-[[nodiscard]] QRegion regionFromDIB(const cDIBSection &bitmap, qint32 maskColour);
+/// Without a mask colour the whole picture. Nothing when it takes more than 2,000 rectangles: the window
+/// system would be busy with nothing else.
+[[nodiscard]] std::optional<QRegion> regionFromDIB(const cDIBSection &bitmap, qint32 maskColour);

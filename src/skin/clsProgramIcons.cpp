@@ -1,31 +1,21 @@
 #include "skin/clsProgramIcons.h"
 
-#include "core/clsMyApp.h"
-#include "platform/skin_storage.h"
-#include "skin/skin_catalogue.h"
-#include "skin/skin_reading.h"
+#include "skin/clsSkinResourceNew.h"
 
 void clsProgramIcons::LoadBitmaps()
 {
-    if (!clsMyApp::IsFile(m_myApp.Skin)) {
+    if (!m_skin.isRead()) {
         return;
     }
-    SkinStorage storage;
-    storage.OpenFile(clsMyApp::localPath(m_myApp.Skin));
-
-    storage.SetSection(QStringLiteral("Mood and Status MaskColour"));
-    const SkinBitmap mask = GetBitmap(storage, QStringLiteral("MaskColour"));
-    Q_EMIT MaskColour(mask == nullptr ? noIconMaskColour : static_cast<ColourValue>(mask->GetPixel(0, 0)));
-
+    const qint32 mask = maskColourOf(m_skin.icon(iconMaskSection, u"MaskColour"));
+    Q_EMIT MaskColour(mask == noMaskColour ? noColour : static_cast<ColourValue>(mask));
     for (const SkinSection &section : skinCatalogue()) {
-        if (section.group != SkinGroup::ProgramIcons || section.name == u"Mood and Status MaskColour") {
+        if (section.group != SkinGroup::ProgramIcons || section.name == iconMaskSection) {
             continue;
         }
-        storage.SetSection(section.name.toString());
         for (const SkinKey &key : section.keys) {
-            const QString name = key.name.toString();
-            if (const SkinBitmap bitmap = GetBitmap(storage, name)) {
-                Q_EMIT BitmapLoad(bitmap, name);
+            if (const SkinBitmap bitmap = m_skin.icon(section.name, key.name)) {
+                Q_EMIT BitmapLoad(bitmap, key.name.toString());
             }
         }
     }

@@ -1,34 +1,30 @@
 #pragma once
 
-#include "core/colours.h"
+#include "platform/skin_values.h"
 #include "skin/cDIBSection.h"
 
 #include <QObject>
 #include <QString>
 
-class clsMyApp;
+class clsSkinResourceNew;
 
-/// The icons' transparent colour where the skin names none.
-inline constexpr ColourValue noIconMaskColour = 0xEFFFFFFF;
-
-/// Reads the small icons of the skin and hands each one on as it is read: moods, statuses, menus, headings,
-/// emoticons. Their names say what they are; those that the skin lacks are passed over.
+/// Hands on the small icons of the skin, one after the other: headings, moods, menus, statuses, emoticons.
+/// Their names say what they are; those that the skin lacks are passed over.
 class clsProgramIcons final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The application helper names the skin file.
-    explicit clsProgramIcons(const clsMyApp &myApp) : m_myApp(myApp) {}
+    explicit clsProgramIcons(const clsSkinResourceNew &skin) : m_skin(skin) {}
 
-    /// Does nothing where the skin file is not there; throws SkinError where it is not fit to be used.
+    /// Does nothing where no skin has been read.
     void LoadBitmaps();
 
 Q_SIGNALS:
-    /// Before any icon: the colour that is transparent in all of them, or noIconMaskColour.
+    /// Before any icon: the colour that is transparent in all of them, or noColour.
     void MaskColour(ColourValue colour);
     void BitmapLoad(const SkinBitmap &bitmap, const QString &name);
 
 private:
-    const clsMyApp &m_myApp;
+    const clsSkinResourceNew &m_skin;
 };

@@ -1,7 +1,9 @@
 #include "skin/clsSkin.h"
 
+#include "platform/skin_values.h"
 #include "platform/text_looks.h"
 #include "skin/aligned_painter.h"
+#include "skin/caption_look.h"
 
 #include <QLabel>
 #include <QPainter>
@@ -9,8 +11,6 @@
 #include <cmath>
 
 namespace {
-
-constexpr ColourValue noCaptionBackColour = 0xEFFFFFFF;
 
 struct PieceSource
 {
@@ -26,16 +26,6 @@ constexpr std::array pieceSources = {
     PieceSource{FormItem::Bottom, u"b"},    PieceSource{FormItem::BottomRight, u"br"},
 };
 
-QFont captionFont(const std::optional<QFont> &font, const QFont &fallback)
-{
-    QFont result = font.value_or(fallback);
-    if (result.pointSizeF() > 0) {
-        result.setPointSize(qMax(1, static_cast<int>(std::lround(result.pointSizeF()))));
-    }
-    result.setWeight(result.bold() ? QFont::Bold : QFont::Normal);
-    return result;
-}
-
 } // namespace
 
 clsSkin::~clsSkin() = default;
@@ -47,15 +37,24 @@ void clsSkin::LoadSkin(QWidget &window)
     m_regions = std::make_unique<cDIBSectionRgn2>();
     const qint32 maskColour = m_skin.description().FormDefaults(FormItem::MaskColour).number();
     for (std::size_t index = 0; index < Count; ++index) {
-        Piece &piece = m_pieces[index];
-        piece.key = QStringView(pieceSources[index].key).toString();
-        piece.bitmap = m_skin.frame() == WindowFrame::Native
-                           ? nullptr
-                           : m_skin.description().FormDefaults(pieceSources[index].item).bitmap();
-        m_regions->AddRegionFromDIB(piece.key, piece.bitmap.get(), maskColour);
+        takePiece(static_cast<PieceIndex>(index), maskColour);
     }
     m_systemButtons.clear();
     m_buttonsWidth = 0;
+}
+
+void clsSkin::takePiece(PieceIndex index, qint32 maskColour)
+{
+    Piece &piece = m_pieces[index];
+    piece.key = QStringView(pieceSources[index].key).toString();
+    piece.bitmap = m_skin.frame() == WindowFrame::Native
+                       ? nullptr
+                       : m_skin.description().FormDefaults(pieceSources[index].item).bitmap();
+    if (!m_regions->AddRegionFromDIB(piece.key, piece.bitmap.get(), maskColour)) {
+        const auto keys = findSkinSection(u"Defaults")->keys;
+        const auto key = std::ranges::find(keys, static_cast<int>(pieceSources[index].item), &SkinKey::item);
+        m_skin.reportOnce(QString(u"skin: " % key->name % u": the shape is too fine, a rectangle is used"));
+    }
 }
 
 void clsSkin::AddSystemButton(QWidget &button)
@@ -85,7 +84,7 @@ void clsSkin::SkinMeNormal(QWidget &window)
     takeSize();
     makeBuffer();
     m_regions->CreateRegion(m_width, m_height);
-    m_buffer.fill(groundColour());
+    m_buffer.fill(formColour(FormItem::BackColour));
     if (m_skin.frame() == WindowFrame::Native) {
         window.update();
         return;
@@ -93,15 +92,15 @@ void clsSkin::SkinMeNormal(QWidget &window)
     if (!hasPieces()) {
         throw SkinError(QStringLiteral("the skin lacks a piece of the windows' border"));
     }
+    QPainter picture(&m_buffer);
     {
-        QPainter picture(&m_buffer);
         AlignedPainter painter(picture);
         drawTop(painter);
         drawSides(painter);
         drawBottom(painter);
         drawCorners(painter);
     }
-    drawCaption();
+    drawCaption(picture);
     m_regions->apply(window);
     window.update();
 }
@@ -138,21 +137,26 @@ void clsSkin::makeBuffer()
     m_buffer.setDevicePixelRatio(m_window->devicePixelRatioF());
 }
 
-QColor clsSkin::groundColour() const
+QColor clsSkin::formColour(FormItem item) const
 {
-    return toColor(m_skin.description().FormDefaults(FormItem::BackColour).colour());
+    return toColor(m_skin.description().FormDefaults(item).colour());
+}
+
+void clsSkin::draw(AlignedPainter &painter, PieceIndex index, QPoint place) const
+{
+    const cDIBSection &bitmap = *m_pieces[index].bitmap;
+    if (m_buffer.devicePixelRatio() > 1) {
+        // The shape keeps to pixels at 100 %: the ground must not shine through where a finer edge leaves
+        // part of one free.
+        painter.drawInBlocks(place, bitmap);
+    }
+    painter.draw(place, bitmap);
 }
 
 void clsSkin::place(AlignedPainter &painter, PieceIndex index, QPoint picture, QPoint shape)
 {
-    const Piece &piece = m_pieces[index];
-    if (m_buffer.devicePixelRatio() > 1) {
-        // The shape keeps to pixels at 100 %: the ground must not shine through where a finer edge leaves part
-        // of one free.
-        painter.drawInBlocks(picture, *piece.bitmap);
-    }
-    painter.draw(picture, *piece.bitmap);
-    m_regions->MergeRegion(piece.key, shape.x(), shape.y());
+    draw(painter, index, picture);
+    m_regions->MergeRegion(m_pieces[index].key, shape.x(), shape.y());
 }
 
 /// The picture's tiles begin behind the corner, those of the shape at 0; the corners, placed last, decide
@@ -203,51 +207,55 @@ void clsSkin::drawCorners(AlignedPainter &painter)
     corner(BottomRight, true, true);
 }
 
-/// A caption that is longer than the free part of its strip is cut there and says so.
-void clsSkin::drawCaption()
+/// Stays within the title strip, which is all that a new caption draws anew; one that is longer than the free
+/// part of it is cut there and says so.
+void clsSkin::drawCaption(QPainter &painter)
 {
     clsSkinResourceNew &skin = m_skin.description();
-    QPainter painter(&m_buffer);
-    painter.setFont(captionFont(skin.FormDefaults(FormItem::CaptionFont).font(), m_window->font()));
+    const int height = NonClient(NonClientPart::TitleHeight);
+    painter.setClipRect(0, 0, m_width, height);
+    painter.setFont(captionFont(skin.FormDefaults(FormItem::CaptionFont).font().value_or(m_window->font())));
     const QFontMetrics metrics = painter.fontMetrics();
-    const QPoint at(NonClient(NonClientPart::LeftWidth),
-                    (NonClient(NonClientPart::TitleHeight) - captionLabel().height()) / 2);
+    const QPoint at(NonClient(NonClientPart::LeftWidth), (height - captionLabel().height()) / 2);
     const int room = NonClient(NonClientPart::TitleFreeEnd) - at.x();
-    const QString title = QString(m_window->windowTitle()).replace(u'\n', u' ').replace(u'\r', u' ');
+    const QString title =
+        m_window->windowTitle().left(longestCaption).replace(u'\n', u' ').replace(u'\r', u' ');
     const QString text = metrics.elidedText(QString(u"  " % title % u"  "), Qt::ElideRight, qMax(0, room));
     const QPoint baseline = at + QPoint(0, metrics.ascent());
 
-    const int offset = skin.FormDefaults(FormItem::CaptionShadowOffset).number();
+    const int farthest = qMax(m_width, m_height);
+    const int offset = qBound(-farthest, skin.FormDefaults(FormItem::CaptionShadowOffset).number(), farthest);
     const QPoint shadow(offset, offset);
-    const ColourValue ground = skin.FormDefaults(FormItem::CaptionBackColour).colour();
-    if (ground != noCaptionBackColour) {
+    if (skin.FormDefaults(FormItem::CaptionBackColour).colour() != noColour) {
         painter.fillRect(QRect(at + shadow, QSize(metrics.horizontalAdvance(text), metrics.height())),
-                         toColor(ground));
+                         formColour(FormItem::CaptionBackColour));
     }
-    painter.setPen(toColor(skin.FormDefaults(FormItem::CaptionShadowColour).colour()));
+    painter.setPen(formColour(FormItem::CaptionShadowColour));
     painter.drawText(baseline + shadow, text);
-    painter.setPen(toColor(skin.FormDefaults(FormItem::CaptionForeColour).colour()));
+    painter.setPen(formColour(FormItem::CaptionForeColour));
     painter.drawText(baseline, text);
 }
 
+/// The tiles begin at 0 here, not behind the corner.
 void clsSkin::ChangeCaption()
 {
-    if (m_window == nullptr || m_pieces[Top].bitmap == nullptr || m_pieces[TopLeft].bitmap == nullptr ||
-        m_pieces[TopRight].bitmap == nullptr || m_buffer.isNull()) {
+    if (m_window == nullptr || !hasPieces() || m_buffer.isNull()) {
         return;
     }
+    const QRect strip(0, 0, m_width, sizeOf(Top).height());
+    QPainter picture(&m_buffer);
+    picture.setClipRect(strip);
     {
-        QPainter picture(&m_buffer);
         AlignedPainter painter(picture);
-        painter.fill(QRect(0, 0, m_width, sizeOf(Top).height()), groundColour());
+        painter.fill(strip, formColour(FormItem::BackColour));
         for (int x = 0; x <= m_width; x += sizeOf(Top).width()) {
-            painter.draw({x, 0}, *m_pieces[Top].bitmap);
+            draw(painter, Top, {x, 0});
         }
-        painter.draw({0, 0}, *m_pieces[TopLeft].bitmap);
-        painter.draw({m_width - sizeOf(TopRight).width(), 0}, *m_pieces[TopRight].bitmap);
+        draw(painter, TopLeft, {0, 0});
+        draw(painter, TopRight, {m_width - sizeOf(TopRight).width(), 0});
     }
-    drawCaption();
-    m_window->update(0, 0, m_width, sizeOf(Top).height());
+    drawCaption(picture);
+    m_window->update(strip);
 }
 
 void clsSkin::MoveSystemButtons()
@@ -262,11 +270,16 @@ void clsSkin::MoveSystemButtons()
 
 void clsSkin::placeButton(QWidget &button)
 {
+    // The desktop's frame has buttons of its own.
+    const bool isShown = hasPieces() && !button.size().isEmpty();
+    button.setVisible(isShown);
+    if (!isShown) {
+        return;
+    }
     const int y = (NonClient(NonClientPart::TitleHeight) - button.height()) / 2;
     const int x = NonClient(NonClientPart::TitleFreeEnd) - button.width();
     m_buttonsWidth += button.width();
     button.move(x, y);
-    button.setVisible(hasPieces()); // the desktop's frame has its own
 }
 
 int clsSkin::NonClient(NonClientPart part) const
@@ -315,8 +328,9 @@ void clsSkin::paint(QPainter &painter) const
         painter.drawImage(0, 0, m_buffer); // onto a device of another ratio, as a printer is
         return;
     }
-    QImage face = m_buffer; // shares the pixels
-    face.setDevicePixelRatio(1);
+    // The same pixels at a ratio of 1; to change the ratio of a copy would copy them.
+    const QImage face(m_buffer.constBits(), m_buffer.width(), m_buffer.height(), m_buffer.bytesPerLine(),
+                      m_buffer.format());
     const AlignedPainter aligned(painter);
     painter.drawImage(onDevice.topLeft(), face);
 }

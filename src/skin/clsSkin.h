@@ -43,7 +43,8 @@ public:
     /// Begins with the current skin: the pieces' shapes are found, and no button is in the list.
     void LoadSkin(QWidget &window);
 
-    /// Places a button of the title strip left of those before it. The window owns it.
+    /// Places a button of the title strip left of those before it. The window owns it. One without a size,
+    /// for which the skin has no picture, is hidden.
     void AddSystemButton(QWidget &button);
 
     /// The whole face and the buttons' places anew: after every change of the window's size.
@@ -54,7 +55,7 @@ public:
     void SkinMeNormal(QWidget &window);
     void MoveSystemButtons();
 
-    /// The title strip anew, with the window's title of now.
+    /// The title strip anew, with the window's title of now. Nothing where no skin draws it.
     void ChangeCaption();
 
     /// 0 for an unknown part and where the skin has no such piece.
@@ -98,12 +99,14 @@ private:
     [[nodiscard]] QSize deviceSize() const;
     void makeBuffer();
     void takeSize();
-    [[nodiscard]] QColor groundColour() const;
+    void takePiece(PieceIndex index, qint32 maskColour);
+    [[nodiscard]] QColor formColour(FormItem item) const;
     void drawTop(AlignedPainter &painter);
     void drawSides(AlignedPainter &painter);
     void drawBottom(AlignedPainter &painter);
     void drawCorners(AlignedPainter &painter);
-    void drawCaption();
+    void drawCaption(QPainter &painter);
+    void draw(AlignedPainter &painter, PieceIndex index, QPoint place) const;
     void place(AlignedPainter &painter, PieceIndex index, QPoint picture, QPoint shape);
     void placeButton(QWidget &button);
     [[nodiscard]] const QLabel &captionLabel() const;

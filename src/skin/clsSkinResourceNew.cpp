@@ -4,70 +4,31 @@
 #include "platform/skin_storage.h"
 #include "skin/skin_reading.h"
 
-#include <algorithm>
 #include <limits>
-
-namespace {
-
-constexpr int firstSystemButton = static_cast<int>(FormItem::NormalSysClose);
-constexpr int lastSystemButton = static_cast<int>(FormItem::ClickedSysHelp);
-constexpr qint32 noMaskColour = -1;
-
-bool isSystemButton(const SkinSection &section, const SkinKey &key)
-{
-    return section.group == SkinGroup::FormDefaults && key.item >= firstSystemButton &&
-           key.item <= lastSystemButton;
-}
-
-const SkinSection &sectionOf(SkinGroup group)
-{
-    return *std::ranges::find(skinCatalogue(), group, &SkinSection::group);
-}
-
-} // namespace
 
 void clsSkinResourceNew::Initialize()
 {
-    SkinStorage storage;
-    if (!openIfThere(storage)) {
+    if (!clsMyApp::IsFile(m_myApp.Skin)) {
         return;
     }
+    SkinStorage storage;
+    storage.OpenFile(clsMyApp::localPath(m_myApp.Skin));
     for (const SkinSection &section : skinCatalogue()) {
-        readSection(storage, section, SkinReading::AtStart);
+        readSection(storage, section);
     }
     m_hasOverlays = true;
-    tryOnDemand(storage);
     m_notes = storage.notes();
 }
 
-/// What is read later must not turn out to be unfit when windows wear the skin already.
-void clsSkinResourceNew::tryOnDemand(SkinStorage &storage)
-{
-    for (const SkinSection &section : skinCatalogue()) {
-        storage.SetSection(section.name.toString());
-        for (const SkinKey &key : section.keys) {
-            if (key.reading == SkinReading::OnDemand) {
-                static_cast<void>(storage.GetValue(key.name.toString(), SkinType::Object));
-            }
-        }
-    }
-}
-
-bool clsSkinResourceNew::openIfThere(SkinStorage &storage) const
-{
-    if (!clsMyApp::IsFile(m_myApp.Skin)) {
-        return false;
-    }
-    storage.OpenFile(clsMyApp::localPath(m_myApp.Skin));
-    return true;
-}
-
-void clsSkinResourceNew::readSection(SkinStorage &storage, const SkinSection &section, SkinReading reading)
+void clsSkinResourceNew::readSection(SkinStorage &storage, const SkinSection &section)
 {
     storage.SetSection(section.name.toString());
     for (const SkinKey &key : section.keys) {
-        if (key.reading == reading) {
-            setItem(section.group, key.item, readSkinValue(storage, key.name.toString(), key.kind));
+        SkinItemValue value = readSkinValue(storage, key.name.toString(), key.kind);
+        if (section.group == SkinGroup::ProgramIcons) {
+            m_icons.insert({section.name, key.name}, value.bitmap());
+        } else {
+            m_items[static_cast<std::size_t>(section.group)].emplace(key.item, std::move(value));
         }
     }
 }
@@ -75,39 +36,40 @@ void clsSkinResourceNew::readSection(SkinStorage &storage, const SkinSection &se
 SkinItemValue clsSkinResourceNew::FormDefaults(FormItem item)
 {
     switch (item) {
-    case FormItem::MaskColour: {
-        const SkinBitmap bitmap = this->item(SkinGroup::FormDefaults, 0).bitmap();
-        return SkinItemValue(bitmap == nullptr ? noMaskColour : bitmap->GetPixel(0, 0));
-    }
+    case FormItem::MaskColour:
+        return SkinItemValue(maskColourOf(this->item(SkinGroup::FormDefaults, item).bitmap()));
     case FormItem::ReloadSystemButtons:
-        readSystemButtons();
+        m_showsSystemButtons = true;
         return {};
     case FormItem::ReleaseSystemButtons:
-        drop(SkinGroup::FormDefaults, firstSystemButton, lastSystemButton);
+        m_showsSystemButtons = false;
         return {};
     default:
-        return this->item(SkinGroup::FormDefaults, static_cast<int>(item));
+        break;
     }
+    const bool isHidden =
+        item >= FormItem::NormalSysClose && item <= FormItem::ClickedSysHelp && !m_showsSystemButtons;
+    return isHidden ? SkinItemValue() : this->item(SkinGroup::FormDefaults, item);
 }
 
 SkinItemValue clsSkinResourceNew::DefaultButton(ButtonItem item) const
 {
-    return this->item(SkinGroup::DefaultButton, static_cast<int>(item));
+    return this->item(SkinGroup::DefaultButton, item);
 }
 
 SkinItemValue clsSkinResourceNew::Frame(FrameItem item) const
 {
-    return this->item(SkinGroup::Frame, static_cast<int>(item));
+    return this->item(SkinGroup::Frame, item);
 }
 
 SkinItemValue clsSkinResourceNew::PopupMenu(MenuItem item) const
 {
-    return this->item(SkinGroup::PopupMenu, static_cast<int>(item));
+    return this->item(SkinGroup::PopupMenu, item);
 }
 
 SkinItemValue clsSkinResourceNew::ContactList(ListItem item) const
 {
-    return this->item(SkinGroup::ContactList, static_cast<int>(item));
+    return this->item(SkinGroup::ContactList, item);
 }
 
 SkinItemValue clsSkinResourceNew::ChatRoom(RoomItem item) const
@@ -115,110 +77,57 @@ SkinItemValue clsSkinResourceNew::ChatRoom(RoomItem item) const
     if (item == RoomItem::HasOverlays) {
         return SkinItemValue(m_hasOverlays ? 1 : 0);
     }
-    return this->item(SkinGroup::ChatRoom, static_cast<int>(item));
+    return this->item(SkinGroup::ChatRoom, item);
 }
 
 SkinItemValue clsSkinResourceNew::OptionsForm(OptionsItem item)
 {
     switch (item) {
     case OptionsItem::LoadSelectButton:
-        loadSelectButton();
-        return {};
     case OptionsItem::ReleaseSelectButton:
-        drop(SkinGroup::OptionsForm, static_cast<int>(OptionsItem::NormalSelect),
-             static_cast<int>(OptionsItem::DownSelect));
+        m_showsSelectButton = item == OptionsItem::LoadSelectButton;
         return {};
     default:
-        return this->item(SkinGroup::OptionsForm, static_cast<int>(item));
+        break;
     }
+    const bool isHidden = item >= OptionsItem::NormalSelect && !m_showsSelectButton;
+    return isHidden ? SkinItemValue() : this->item(SkinGroup::OptionsForm, item);
 }
 
-SkinItemValue clsSkinResourceNew::MessagingForm(PrivateItem item, std::unique_ptr<SkinStorage> &storage)
+SkinItemValue clsSkinResourceNew::MessagingForm(PrivateItem item)
 {
     switch (item) {
     case PrivateItem::AcquireInfoButton:
-        acquireInfoButton(storage);
+        countInfoButton(+1);
+        m_showsInfoButton = true;
         return {};
     case PrivateItem::ReleaseInfoButton:
-        releaseInfoButton();
+        countInfoButton(-1);
+        m_showsInfoButton = m_showsInfoButton && m_infoButtonUses > 0;
         return {};
     default:
-        return this->item(SkinGroup::MessagingForm, static_cast<int>(item));
+        return m_showsInfoButton ? this->item(SkinGroup::MessagingForm, item) : SkinItemValue();
     }
 }
 
-void clsSkinResourceNew::readSystemButtons()
+void clsSkinResourceNew::countInfoButton(int change)
 {
-    SkinStorage storage;
-    if (!item(SkinGroup::FormDefaults, firstSystemButton).isEmpty() || !openIfThere(storage)) {
-        return;
+    const int uses = m_infoButtonUses + change;
+    if (uses < std::numeric_limits<qint16>::min() || uses > std::numeric_limits<qint16>::max()) {
+        throw SkinError(QStringLiteral("the details button is in use, or released, too often to be counted"));
     }
-    const SkinSection &section = sectionOf(SkinGroup::FormDefaults);
-    storage.SetSection(section.name.toString());
-    for (const SkinKey &key : section.keys) {
-        if (isSystemButton(section, key)) {
-            setItem(section.group, key.item, readSkinValue(storage, key.name.toString(), key.kind));
-        }
-    }
+    m_infoButtonUses = static_cast<qint16>(uses);
 }
 
-void clsSkinResourceNew::loadSelectButton()
+SkinBitmap clsSkinResourceNew::icon(QStringView section, QStringView name) const
 {
-    SkinStorage storage;
-    if (openIfThere(storage)) {
-        readSection(storage, sectionOf(SkinGroup::OptionsForm), SkinReading::OnDemand);
-    }
+    return m_icons.value({section, name});
 }
 
-void clsSkinResourceNew::acquireInfoButton(std::unique_ptr<SkinStorage> &storage)
+template <typename Item>
+SkinItemValue clsSkinResourceNew::item(SkinGroup group, Item number) const
 {
-    if (m_infoButtonUses == std::numeric_limits<qint16>::max()) {
-        throw SkinError(QStringLiteral("the details button is in use too often"));
-    }
-    ++m_infoButtonUses;
-    if (m_infoButtonUses > 1) {
-        return;
-    }
-    if (storage == nullptr) {
-        auto opened = std::make_unique<SkinStorage>();
-        opened->OpenFile(clsMyApp::localPath(m_myApp.Skin));
-        storage = std::move(opened);
-    }
-    readSection(*storage, sectionOf(SkinGroup::MessagingForm), SkinReading::OnDemand);
-}
-
-void clsSkinResourceNew::releaseInfoButton()
-{
-    if (m_infoButtonUses == std::numeric_limits<qint16>::min()) {
-        throw SkinError(QStringLiteral("the details button has been released too often"));
-    }
-    --m_infoButtonUses;
-    if (m_infoButtonUses < 1) {
-        drop(SkinGroup::MessagingForm, static_cast<int>(PrivateItem::NormalInfo),
-             static_cast<int>(PrivateItem::MaskInfo));
-    }
-}
-
-void clsSkinResourceNew::drop(SkinGroup group, int first, int last)
-{
-    for (int number = first; number <= last; ++number) {
-        setItem(group, number, {});
-    }
-}
-
-SkinItemValue clsSkinResourceNew::item(SkinGroup group, int number) const
-{
-    const Items &items = m_items[static_cast<std::size_t>(group)];
-    const auto index = static_cast<std::size_t>(number);
-    return number >= 0 && index < items.size() ? items[index] : SkinItemValue();
-}
-
-void clsSkinResourceNew::setItem(SkinGroup group, int number, SkinItemValue value)
-{
-    Items &items = m_items[static_cast<std::size_t>(group)];
-    const auto index = static_cast<std::size_t>(number);
-    if (index >= items.size()) {
-        items.resize(index + 1);
-    }
-    items[index] = std::move(value);
+    const auto &items = m_items[static_cast<std::size_t>(group)];
+    const auto found = items.find(static_cast<int>(number));
+    return found == items.end() ? SkinItemValue() : found->second;
 }

@@ -4,29 +4,31 @@
 #include "skin/skin_item_value.h"
 #include "skin/skin_items.h"
 
+#include <QHash>
 #include <QStringList>
 
 #include <array>
-#include <memory>
-#include <vector>
+#include <map>
 
 class SkinStorage;
 class clsMyApp;
 
-/// The skin's description: what the windows need of a skin, read once and shared with them. Each accessor
-/// covers one part of the interface; an item that it does not have is empty. Where the skin file is not there
-/// everything is empty. Reading throws SkinError for a file that is not fit to be used.
+/// The skin's description: what the program needs of a skin, read once and shared with its windows. Each
+/// accessor covers one part of the interface; an item that it does not have is empty. Where the skin file is
+/// not there everything is empty.
 class clsSkinResourceNew
 {
 public:
     /// The application helper names the skin file.
     explicit clsSkinResourceNew(const clsMyApp &myApp) : m_myApp(myApp) {}
 
-    /// Reads the skin. Once in an object's life.
+    /// Reads the whole skin; the file is not looked at again. Once in an object's life. Throws SkinError for
+    /// a file that is not fit to be used.
     void Initialize();
 
-    /// The mask colour is -1 where the skin has no picture for it. Two items are actions: the system buttons
-    /// are read again if they have been released, and released.
+    /// The mask colour is noMaskColour where the skin has no picture for it. Two items are actions: the
+    /// system buttons are there, as from the beginning, until they are released and again when they have been
+    /// reloaded.
     SkinItemValue FormDefaults(FormItem item);
     [[nodiscard]] SkinItemValue DefaultButton(ButtonItem item) const;
     [[nodiscard]] SkinItemValue Frame(FrameItem item) const;
@@ -35,9 +37,13 @@ public:
     [[nodiscard]] SkinItemValue ChatRoom(RoomItem item) const;
     /// The select button's bitmaps are there between the two actions that load and release them.
     SkinItemValue OptionsForm(OptionsItem item);
-    /// The details button's bitmaps are there while anyone has acquired them. Acquiring opens the skin in the
-    /// caller's storage if that is null and something is to be read; it stays open.
-    SkinItemValue MessagingForm(PrivateItem item, std::unique_ptr<SkinStorage> &storage);
+    /// The details button's bitmaps are there while anyone has acquired them. Throws SkinError for a use that
+    /// can no longer be counted.
+    SkinItemValue MessagingForm(PrivateItem item);
+
+    /// The icon under this name, or the picture of the icons' transparent colour, in a section of the
+    /// catalogue; null when the skin has none.
+    [[nodiscard]] SkinBitmap icon(QStringView section, QStringView name) const;
 
     /// Whether a skin has been read.
     [[nodiscard]] bool isRead() const { return m_hasOverlays; }
@@ -45,22 +51,18 @@ public:
     [[nodiscard]] const QStringList &notes() const { return m_notes; }
 
 private:
-    using Items = std::vector<SkinItemValue>;
-
-    [[nodiscard]] bool openIfThere(SkinStorage &storage) const;
-    void readSection(SkinStorage &storage, const SkinSection &section, SkinReading reading);
-    static void tryOnDemand(SkinStorage &storage);
-    void readSystemButtons();
-    void loadSelectButton();
-    void acquireInfoButton(std::unique_ptr<SkinStorage> &storage);
-    void releaseInfoButton();
-    void drop(SkinGroup group, int first, int last);
-    [[nodiscard]] SkinItemValue item(SkinGroup group, int number) const;
-    void setItem(SkinGroup group, int number, SkinItemValue value);
+    void readSection(SkinStorage &storage, const SkinSection &section);
+    void countInfoButton(int change);
+    template <typename Item>
+    [[nodiscard]] SkinItemValue item(SkinGroup group, Item number) const;
 
     const clsMyApp &m_myApp;
-    std::array<Items, 9> m_items; ///< by group
+    std::array<std::map<int, SkinItemValue>, 8> m_items;            ///< by group, then item
+    QHash<std::pair<QStringView, QStringView>, SkinBitmap> m_icons; ///< by section and name of the catalogue
     bool m_hasOverlays = false;
+    bool m_showsSystemButtons = true;
+    bool m_showsSelectButton = false;
+    bool m_showsInfoButton = false;
     qint16 m_infoButtonUses = 0;
     QStringList m_notes;
 };

@@ -1,15 +1,10 @@
 #include "skin/icon_list.h"
 
 #include "platform/image_list.h"
+#include "platform/text_looks.h"
 #include "skin/clsProgramIcons.h"
 
 namespace {
-
-QRgb toRgb(ColourValue colour)
-{
-    return qRgb(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
-                static_cast<int>(colour >> 16 & 0xFF));
-}
 
 QImage suitable(const cDIBSection &bitmap, qreal devicePixelRatio)
 {
@@ -23,11 +18,11 @@ QImage suitable(const cDIBSection &bitmap, qreal devicePixelRatio)
 
 } // namespace
 
-void addProgramIcons(ImageList &imgList, const clsMyApp &myApp, qreal devicePixelRatio)
+void addProgramIcons(ImageList &imgList, const clsSkinResourceNew &skin, qreal devicePixelRatio)
 {
-    clsProgramIcons icons(myApp);
+    clsProgramIcons icons(skin);
     QObject::connect(&icons, &clsProgramIcons::MaskColour, &icons, [&](ColourValue colour) {
-        imgList.setMaskColour(colour == noIconMaskColour ? std::nullopt : std::optional(toRgb(colour)));
+        imgList.setMaskColour(colour == noColour ? std::nullopt : std::optional(toColor(colour).rgb()));
     });
     QObject::connect(&icons, &clsProgramIcons::BitmapLoad, &icons,
                      [&](const SkinBitmap &bitmap, const QString &name) {

@@ -5,11 +5,10 @@
 namespace {
 
 using enum SkinKind;
-using enum SkinReading;
 
 constexpr SkinKey icon(QStringView name)
 {
-    return {name, Bitmap, 0, OnDemand};
+    return {name, Bitmap, 0};
 }
 
 constexpr SkinKey defaultsKeys[] = {
@@ -104,13 +103,13 @@ constexpr SkinKey addFriendWindowKeys[] = {
     {u"Button Shadow Colour", Colour, 4},
     {u"Button Disabled Colour", Colour, 5},
     {u"Button Disabled Shadow Colour", Colour, 6},
-    {u"NormalSelectButton", Bitmap, 7, OnDemand},
-    {u"OverSelectButton", Bitmap, 8, OnDemand},
-    {u"ClickedSelectButton", Bitmap, 9, OnDemand},
-    {u"DisabledSelectButton", Bitmap, 10, OnDemand},
-    {u"HasFocusSelectButton", Bitmap, 11, OnDemand},
-    {u"MaskSelectButton", Bitmap, 12, OnDemand},
-    {u"DownSelectButton", Bitmap, 13, OnDemand},
+    {u"NormalSelectButton", Bitmap, 7},
+    {u"OverSelectButton", Bitmap, 8},
+    {u"ClickedSelectButton", Bitmap, 9},
+    {u"DisabledSelectButton", Bitmap, 10},
+    {u"HasFocusSelectButton", Bitmap, 11},
+    {u"MaskSelectButton", Bitmap, 12},
+    {u"DownSelectButton", Bitmap, 13},
 };
 
 constexpr SkinKey chatRoomsKeys[] = {
@@ -185,9 +184,9 @@ constexpr SkinKey chatRoomsKeys[] = {
 };
 
 constexpr SkinKey messagingWindowKeys[] = {
-    {u"NormalInfoMsgButton", Bitmap, 2, OnDemand},   {u"OverInfoMsgButton", Bitmap, 3, OnDemand},
-    {u"ClickedInfoMsgButton", Bitmap, 4, OnDemand},  {u"DisabledInfoMsgButton", Bitmap, 5, OnDemand},
-    {u"HasFocusInfoMsgButton", Bitmap, 6, OnDemand}, {u"MaskInfoMsgButton", Bitmap, 7, OnDemand},
+    {u"NormalInfoMsgButton", Bitmap, 2},   {u"OverInfoMsgButton", Bitmap, 3},
+    {u"ClickedInfoMsgButton", Bitmap, 4},  {u"DisabledInfoMsgButton", Bitmap, 5},
+    {u"HasFocusInfoMsgButton", Bitmap, 6}, {u"MaskInfoMsgButton", Bitmap, 7},
 };
 
 constexpr SkinKey moodAndStatusMaskcolourKeys[] = {icon(u"MaskColour")};
@@ -241,7 +240,7 @@ constexpr SkinSection sections[] = {
      chatRoomsKeys},
     {u"Messaging Window", SkinGroup::MessagingForm, u"the details button of a private window",
      messagingWindowKeys},
-    {u"Mood and Status MaskColour", SkinGroup::ProgramIcons,
+    {iconMaskSection, SkinGroup::ProgramIcons,
      u"the icons' transparent colour: that of the picture's first pixel", moodAndStatusMaskcolourKeys},
     {u"Contact List Heading Bitmaps", SkinGroup::ProgramIcons,
      u"what the headings of the member list show when folded and unfolded", contactListHeadingBitmapsKeys},

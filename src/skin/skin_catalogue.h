@@ -28,19 +28,11 @@ enum class SkinGroup
     ProgramIcons,
 };
 
-/// When the program reads a key.
-enum class SkinReading
-{
-    AtStart,
-    OnDemand
-};
-
 struct SkinKey
 {
     QStringView name;
     SkinKind kind;
     int item; ///< the accessor's item; for icons 0
-    SkinReading reading = SkinReading::AtStart;
 };
 
 struct SkinSection
@@ -50,6 +42,9 @@ struct SkinSection
     QStringView purpose;           ///< what the section dresses, a line for skin authors
     std::span<const SkinKey> keys; ///< in reading order
 };
+
+/// The section of the icons' transparent colour, which is no icon.
+inline constexpr QStringView iconMaskSection = u"Mood and Status MaskColour";
 
 /// Every section and key that the program asks of a skin, in the order in which they are read. The one list
 /// behind the reader, the checks and the reference.

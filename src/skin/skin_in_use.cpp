@@ -33,5 +33,14 @@ bool SkinInUse::change()
         m_report(QString(u"skin: " % note));
     }
     m_description = std::move(description);
+    m_reported.clear();
     return true;
+}
+
+void SkinInUse::reportOnce(const QString &line)
+{
+    if (!m_reported.contains(line)) {
+        m_reported.insert(line);
+        m_report(line);
+    }
 }

@@ -2,6 +2,8 @@
 
 #include "skin/clsSkinResourceNew.h"
 
+#include <QSet>
+
 #include <functional>
 #include <memory>
 
@@ -36,10 +38,13 @@ public:
     [[nodiscard]] const clsMyApp &myApp() const { return m_myApp; }
 
     void report(const QString &line) const { m_report(line); }
+    /// What several windows find wrong with one skin is reported by the first of them.
+    void reportOnce(const QString &line);
 
 private:
     const clsMyApp &m_myApp;
     WindowFrame m_frame;
     Report m_report;
     std::unique_ptr<clsSkinResourceNew> m_description;
+    QSet<QString> m_reported; ///< about this skin
 };

@@ -24,8 +24,10 @@ SkinType storageType(SkinKind kind)
     return SkinType::Object;
 }
 
-SkinBitmap bitmapOf(const SkinValue &value)
+/// Null when there is no picture.
+SkinBitmap GetBitmap(SkinStorage &storage, const QString &key)
 {
+    const SkinValue value = storage.GetValue(key, SkinType::Object);
     const auto *picture = std::get_if<SkinPicture>(&value);
     if (picture == nullptr || picture->image.isNull()) {
         return nullptr;
@@ -70,9 +72,4 @@ SkinItemValue readSkinValue(SkinStorage &storage, const QString &key, SkinKind k
         return SkinItemValue(*font);
     }
     return {};
-}
-
-SkinBitmap GetBitmap(SkinStorage &storage, const QString &key)
-{
-    return bitmapOf(storage.GetValue(key, SkinType::Object));
 }

@@ -10,9 +10,6 @@ class SkinStorage;
 /// The key's value as the program holds it; what the storage has nothing for is empty.
 [[nodiscard]] SkinItemValue readSkinValue(SkinStorage &storage, const QString &key, SkinKind kind);
 
-/// The picture under the key, or null.
-[[nodiscard]] SkinBitmap GetBitmap(SkinStorage &storage, const QString &key);
-
 /// The number that the text starts with, rounded, halves to the even one; spaces are skipped. 0 when there is
 /// none, the nearest that fits when it does not.
 [[nodiscard]] qint32 leadingNumber(QStringView text);

@@ -1,12 +1,25 @@
 #include "skin/skinned_window.h"
 
+#include "skin/caption_look.h"
 #include "skin/skin_palette.h"
 
-#include <QEvent>
+#include <QAccessibleWidget>
+#include <QChildEvent>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+
+namespace {
+
+/// A plain widget would be heard as a thing of no kind.
+QAccessibleInterface *accessibleFor([[maybe_unused]] const QString &className, QObject *object)
+{
+    auto *window = qobject_cast<SkinnedWindow *>(object);
+    return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Window);
+}
+
+} // namespace
 
 SkinnedWindow::SkinnedWindow(SkinInUse &skin, LoadedWindows &windows, WindowDragging dragging,
                              Qt::WindowFlags kind, QWidget *parent)
@@ -15,12 +28,14 @@ SkinnedWindow::SkinnedWindow(SkinInUse &skin, LoadedWindows &windows, WindowDrag
       m_skinInUse(skin),
       m_windows(windows),
       m_dragging(dragging),
+      m_kind(kind),
       m_mover(*this, [this](QPoint place) { return zoneAt(place); }),
       lblCaption(new QLabel(this))
 {
     lblCaption->setObjectName(QStringLiteral("lblCaption"));
     lblCaption->hide(); // it only measures: the caption is part of the face
     setMouseTracking(true);
+    QAccessible::installFactory(accessibleFor); // one that is there already is not added again
     m_windows.enter(*this);
 }
 
@@ -31,39 +46,37 @@ SkinnedWindow::~SkinnedWindow()
 
 void SkinnedWindow::DoSkinChange()
 {
-    m_hasComplained = false;
+    const bool wasVisible = isVisible();
+    const bool wasActive = isActiveWindow();
     SetupFormSkin();
     Form_Resize();
+    if (wasVisible && !isVisible()) { // another frame hides a window
+        setAttribute(Qt::WA_ShowWithoutActivating, !wasActive);
+        show();
+        setAttribute(Qt::WA_ShowWithoutActivating, false);
+    }
 }
 
 void SkinnedWindow::startSkin()
 {
-    if (const auto font = skin().FormDefaults(FormItem::CaptionFont).font()) {
-        lblCaption->setFont(*font);
-    }
-    if (const auto font = skin().FormDefaults(FormItem::Font).font()) {
-        setFont(*font);
-    }
+    setFont(skin().FormDefaults(FormItem::Font).font().value_or(QFont()));
+    lblCaption->setFont(captionFont(skin().FormDefaults(FormItem::CaptionFont).font().value_or(font())));
     setPalette(skinPalette(skin(), QGuiApplication::palette()));
     lblCaption->resize(lblCaption->width(), lblCaption->fontMetrics().height());
     m_face.LoadSkin(*this);
     takeFrame();
 }
 
-/// A window that the skin cannot give a border gets the desktop's.
+/// A window that the skin cannot give a border gets the desktop's. New flags hide a window.
 void SkinnedWindow::takeFrame()
 {
     const bool frameless = m_skinInUse.frame() == WindowFrame::Skin && m_face.hasPieces();
     if (windowFlags().testFlag(Qt::FramelessWindowHint) == frameless) {
         return;
     }
-    const bool wasVisible = isVisible();
-    setWindowFlag(Qt::FramelessWindowHint, frameless);
-    setWindowFlag(Qt::WindowMinimizeButtonHint, true);
-    setWindowFlag(Qt::WindowSystemMenuHint, true);
-    if (wasVisible) {
-        show(); // new flags hide a window
-    }
+    constexpr Qt::WindowFlags ownFrame =
+        Qt::FramelessWindowHint | Qt::WindowMinimizeButtonHint | Qt::WindowSystemMenuHint;
+    setWindowFlags(frameless ? m_kind | ownFrame : m_kind);
 }
 
 void SkinnedWindow::Form_Resize()
@@ -80,10 +93,7 @@ void SkinnedWindow::applySkin()
     try {
         m_face.ReApplySkin();
     } catch (const SkinError &error) {
-        if (!m_hasComplained) {
-            m_hasComplained = true;
-            m_skinInUse.report(QString(u"skin: " % objectName() % u": " % error.reason()));
-        }
+        m_skinInUse.reportOnce(QString(u"skin: " % objectName() % u": " % error.reason()));
     }
 }
 
@@ -155,4 +165,14 @@ void SkinnedWindow::mouseMoveEvent(QMouseEvent *event)
 void SkinnedWindow::mouseReleaseEvent(QMouseEvent * /*event*/)
 {
     m_mover.release();
+}
+
+/// A child without a pointer's shape of its own would show that of the window's edge.
+void SkinnedWindow::childEvent(QChildEvent *event)
+{
+    QWidget::childEvent(event);
+    auto *child = event->added() ? qobject_cast<QWidget *>(event->child()) : nullptr;
+    if (child != nullptr && !child->testAttribute(Qt::WA_SetCursor)) {
+        child->setCursor(Qt::ArrowCursor);
+    }
 }

@@ -17,7 +17,8 @@ enum class WindowDragging
 
 /// A window that wears the skin. It has no frame of the desktop, unless the settings want one; the skin draws
 /// its face and cuts its shape. It stands in the list of loaded windows for as long as it lives.
-/// Without a skin file, or with one that lacks a piece, it is a plain rectangle and works as ever.
+/// Without a skin file, or with one that lacks a piece, it is a plain rectangle and works as ever. Assistive
+/// programs hear of it as a window.
 class SkinnedWindow : public QWidget, public Skinnable
 {
     Q_OBJECT
@@ -28,7 +29,8 @@ public:
                   QWidget *parent = nullptr);
     ~SkinnedWindow() override;
 
-    /// The whole skin anew, and the layout.
+    /// The whole skin anew, and the layout. A window that gets another frame for it comes back to the screen
+    /// without taking the keyboard from another window.
     void DoSkinChange() override;
 
     /// What is dragged by a press at this place.
@@ -57,6 +59,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void childEvent(QChildEvent *event) override;
 
 private:
     void applySkin();
@@ -65,7 +68,7 @@ private:
     SkinInUse &m_skinInUse;
     LoadedWindows &m_windows;
     WindowDragging m_dragging;
+    Qt::WindowFlags m_kind;
     WindowMover m_mover;
     QLabel *lblCaption;
-    bool m_hasComplained = false; ///< about this skin
 };

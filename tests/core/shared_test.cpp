@@ -3,6 +3,7 @@
 #include "core/command_line.h"
 #include "core/keyed_collection.h"
 #include "core/numbers.h"
+#include "core/shown_name.h"
 #include "core/user_lists.h"
 #include "support/text.h"
 
@@ -103,4 +104,22 @@ TEST(AttributeText, AValueNeedsItsEnd)
     EXPECT_EQ(GetAttribute(text, u" nick=", u"?"_s), u"A =b"_s);
     EXPECT_EQ(GetAttribute(text, u" open=", u"?"_s), u"?"_s);
     EXPECT_EQ(GetAttribute(text, u" none=", u"?"_s), u"?"_s);
+}
+
+TEST(ShownName, HasNothingInItThatCannotBeSeen)
+{
+    const std::pair<QString, QString> cases[] = {
+        {u"Ann"_s, u"Ann"_s},
+        {u"An\u200Bn\uFEFF"_s, u"Ann"_s},
+        {u"\u202Eevil\u202C"_s, u"evil"_s},
+        {u"\u2066A\u2069\u200F"_s, u"A"_s},
+        {u"A\u200DB"_s, u"AB"_s},
+        {u"\u0645\u06CC\u200C\u062E"_s, u"\u0645\u06CC\u200C\u062E"_s},
+        {u"\u0645\u200C\u200C\u062E\u200D"_s, u"\u0645\u062E"_s},
+        {u"\U0001F468\u200D\U0001F469"_s, u"\U0001F468\u200D\U0001F469"_s},
+        {u"\u202E"_s, u""_s},
+    };
+    for (const auto &[name, shown] : cases) {
+        EXPECT_EQ(shownName(name), shown) << qPrintable(name);
+    }
 }

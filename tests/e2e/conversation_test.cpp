@@ -7,8 +7,8 @@
 #include "support/fake_prompts.h"
 #include "support/text.h"
 
-#include <QLineEdit>
 #include <QAbstractButton>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTreeWidget>
 

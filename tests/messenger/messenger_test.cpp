@@ -1,8 +1,10 @@
 #include "messenger/messenger.h"
+#include "messenger/skin_files.h"
 #include "platform/settings_file.h"
 #include "platform/text_file.h"
 #include "raw_client.h"
 
+#include <QCoreApplication>
 #include <QTemporaryDir>
 
 namespace {
@@ -57,8 +59,26 @@ TEST_F(MessengerTest, WritesItsPortAndTellsTheSkin)
     EXPECT_EQ(companion->problems(), QStringList());
     const auto robin = connectClient();
     robin->request(u"<GETSKIN/>"_s);
-    const QString skin = QString(options.home + u"/skins/Light.skn").replace(u"/"_s, u"\\/"_s);
+    QString skin = messenger::findSkin(
+        u"Light"_s, messenger::skinFolders(options.home + u"/", QCoreApplication::applicationDirPath()));
+    skin.replace(u"/"_s, u"\\/"_s);
     EXPECT_TRUE(robin->gets(u"<MSG><V mk=\"C1\"/><SKIN value=\""_s + skin + u"\"/></MSG>"_s));
+}
+
+TEST(SkinFiles, ABareNameIsLookedForAndAPathStays)
+{
+    QTemporaryDir own;
+    QTemporaryDir shipped;
+    const QStringList folders{own.path() + u"/", shipped.path() + u"/"};
+    EXPECT_EQ(messenger::findSkin(u"Light"_s, folders), own.filePath(u"Light.skn"_s))
+        << "where it would belong";
+    ASSERT_TRUE(writeTextFile(shipped.filePath(u"Light.skn"_s), u"x"_s));
+    EXPECT_EQ(messenger::findSkin(u"Light"_s, folders), shipped.filePath(u"Light.skn"_s));
+    ASSERT_TRUE(writeTextFile(own.filePath(u"Light.skn"_s), u"x"_s));
+    EXPECT_EQ(messenger::findSkin(u"Light"_s, folders), own.filePath(u"Light.skn"_s));
+    for (const QString &path : {u"/a/Light"_s, u"C:\\skins\\Light"_s, u"Light.skn"_s, u""_s}) {
+        EXPECT_EQ(messenger::findSkin(path, folders), path);
+    }
 }
 
 TEST_F(MessengerTest, APortThatIsTakenIsReported)

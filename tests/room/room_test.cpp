@@ -1,4 +1,5 @@
 #include "core/options.h"
+#include "emotions/colEmotions.h"
 #include "room/admission.h"
 #include "room/colChatters.h"
 #include "room/composing.h"
@@ -495,6 +496,27 @@ TEST_F(Room, SendingShowsTheOwnCopyOnlyWhenTaken)
     answer(u"CMSG"_s, u"<ACKSM/>"_s, uR"(<CLD cid="12"/>)"_s);
     EXPECT_TRUE(composing.send(u"taken, and the room closed"_s, QFont()));
     EXPECT_EQ(board.lines.last(), closed);
+}
+
+TEST_F(Room, EmotionsGoToTheRoomOrToAMember)
+{
+    const clsEmotions hug{u"Hug"_s, u"%U% hugs all"_s, u"%U% hugs %O%"_s};
+    composing.sendEmotion(hug, nullptr);
+    EXPECT_TRUE(messenger.requests.isEmpty()) << "in no room";
+    join();
+    AddToList(state.lists, u'P', u"u9"_s, u"My friend"_s);
+    messenger.requests.clear();
+    composing.sendEmotion(hug, nullptr);
+    composing.sendEmotion(hug, member(u"u9"_s).get());
+    EXPECT_EQ(messenger.requests,
+              (QStringList{
+                  u"<CMSG cid=\"12\" id=\"u1\">\\<EMOT\\>%U% hugs all\u0002 user\\=Ann\u0003\u0001</CMSG>"_s,
+                  u"<CMSG cid=\"12\" id=\"u1\">\\<EMOT\\>%U% hugs %O%\u0002 user\\=Ann\u0003 "
+                  "tuser\\=Olga\u0003\u0001</CMSG>"_s}));
+    EXPECT_EQ(shown(), (QStringList{u"2 Ann: %U% hugs all"_s, u"2 Ann: to My friend: %U% hugs %O%"_s}));
+    answer(u"CMSG"_s, u""_s);
+    composing.sendEmotion(hug, nullptr);
+    EXPECT_TRUE(board.lines.isEmpty()) << "not taken, not shown";
 }
 
 TEST_F(Room, TheWayOutLeavesTheRoomAndEndsEvenWithoutAnAnswer)

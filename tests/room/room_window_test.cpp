@@ -7,9 +7,9 @@
 #include "skin/skin_in_use.h"
 #include "support/link_fixture.h"
 
+#include <QAbstractButton>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QAbstractButton>
 #include <QTemporaryDir>
 
 namespace {
