@@ -20,11 +20,13 @@ def wait_for(what, look):
 
 
 class Desktop:
-    """A display, a window manager and a messenger, and a bus for assistive programs if wanted; all end with it."""
+    """A display, a window manager and a messenger, and a bus for assistive programs if wanted; all end with it.
+    The pixels of the screen are in the home folder if they are wanted."""
 
-    def __init__(self, programs, accessible=False):
+    def __init__(self, programs, accessible=False, screen_folder=False):
         self.programs = Path(programs)
         self.accessible = accessible
+        self.screen_folder = screen_folder
         self.home = tempfile.TemporaryDirectory()
         self.running = []
         more = {"PYLOX_HOME": self.home.name, "QT_QPA_PLATFORM": "xcb", "LC_ALL": "C.UTF-8"}
@@ -39,7 +41,8 @@ class Desktop:
         return self
 
     def set_up(self):
-        number = self.start_telling("Xvfb", "-screen", "0", "1600x900x24", "-displayfd")
+        pixels = ["-fbdir", self.home.name] if self.screen_folder else []
+        number = self.start_telling("Xvfb", "-screen", "0", "1600x900x24", *pixels, "-displayfd")
         self.environment["DISPLAY"] = ":" + number
         self.start(["openbox"])
         if self.accessible:

@@ -1,0 +1,459 @@
+#include "controls/SkinButton.h"
+#include "controls/dressing.h"
+#include "skin/clsSkinResourceNew.h"
+#include "skin/written_skin.h"
+#include "support/eventually.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QEnterEvent>
+#include <QKeyEvent>
+
+#include <map>
+
+namespace {
+
+constexpr QSize frameSize(20, 10);
+
+/// The pictures of the states by letters: Normal, Clicked, Disabled, HasFocus, Latched, and the frames of
+/// Over counted by 1 to 9 and a to z. Each is of one colour, which is the letter itself.
+QImage pictureFor(QChar letter, QSize size = frameSize)
+{
+    return plain(size, qRgb(10, 20, letter.unicode()));
+}
+QChar letterAt(const QImage &image, int x, int y)
+{
+    const QRgb pixel = image.isNull() ? 0 : image.pixel(x, y);
+    return qRed(pixel) == 10 && qGreen(pixel) == 20 ? QChar(qBlue(pixel)) : u'?';
+}
+ButtonState stateOf(QChar letter)
+{
+    static const std::map<QChar, ButtonState> states = {
+        {u'N', ButtonState::Normal},   {u'C', ButtonState::Clicked}, {u'D', ButtonState::Disabled},
+        {u'H', ButtonState::HasFocus}, {u'L', ButtonState::Down},    {u'O', ButtonState::Overlay}};
+    const auto state = states.find(letter);
+    return state == states.end() ? ButtonState::Over : state->second;
+}
+
+struct ButtonTest : testing::Test
+{
+    void give(QChar letter, QSize size = frameSize)
+    {
+        button.SetSkin(stateOf(letter), bitmapOf(pictureFor(letter, size)));
+    }
+    void wear(const QString &letters)
+    {
+        for (const QChar letter : letters) {
+            give(letter);
+        }
+        button.FinishSkin();
+    }
+    QString strip() const
+    {
+        QString letters;
+        for (int x = 0; x < button.strip().Width(); x += frameSize.width()) {
+            const QImage &image = button.strip().image();
+            const QChar letter = letterAt(image, x + 19, 9);
+            letters += letter == letterAt(image, x, 9) ? letter : u'!';
+        }
+        return letters;
+    }
+    QChar shown() { return letterAt(button.grab().toImage(), 1, 1); }
+
+    template <typename Event, typename... Arguments>
+    void send(Arguments... arguments)
+    {
+        Event event(arguments...);
+        QCoreApplication::sendEvent(&button, &event);
+    }
+    void mouse(QEvent::Type type, QPointF place, Qt::MouseButton which, Qt::MouseButtons held)
+    {
+        send<QMouseEvent>(type, place, place, which, held, Qt::NoModifier);
+    }
+    void act(const QString &what)
+    {
+        const QPointF in(5, 5);
+        const std::map<QString, std::function<void()>> acts = {
+            {u"enter"_s, [&] { send<QEnterEvent>(in, in, in); }},
+            {u"leave"_s, [&] { send<QEvent>(QEvent::Leave); }},
+            {u"press"_s, [&] { mouse(QEvent::MouseButtonPress, in, Qt::LeftButton, Qt::LeftButton); }},
+            {u"dragOff"_s, [&] { mouse(QEvent::MouseMove, -in, Qt::NoButton, Qt::LeftButton); }},
+            {u"dragOn"_s, [&] { mouse(QEvent::MouseMove, in, Qt::NoButton, Qt::LeftButton); }},
+            {u"release"_s, [&] { mouse(QEvent::MouseButtonRelease, in, Qt::LeftButton, Qt::NoButton); }},
+            {u"focus"_s,
+             [&] {
+                 button.activateWindow();
+                 button.setFocus();
+                 EXPECT_TRUE(eventually([&] { return button.hasFocus(); }));
+             }},
+            {u"unfocus"_s, [&] { button.clearFocus(); }},
+            {u"able"_s, [&] { button.setEnabled(true); }},
+            {u"disable"_s, [&] { button.setEnabled(false); }},
+            {u"latch"_s, [&] { button.setLatched(true); }},
+            {u"unlatch"_s, [&] { button.setLatched(false); }}};
+        acts.at(what)();
+    }
+
+    SkinButton button;
+};
+
+} // namespace
+
+TEST_F(ButtonTest, TheStripHoldsTheFramesThatAreThereInTheirOrder)
+{
+    struct
+    {
+        QString given;
+        QString strip;
+    } const table[] = {
+        {u"N"_s, u"N"_s},       {u"ND12"_s, u"ND12"_s},
+        {u"N1HC"_s, u"NCH1"_s}, {u"NLHDC321"_s, u"NCDHL321"_s},
+        {u"CDN1"_s, u"N1"_s},   {u"NDCNL"_s, u"NL"_s},
+        {u"NOL1"_s, u"NL1"_s},  {u"N123456789abcdefghi"_s, u"N123456789abcdefg"_s},
+    };
+    for (const auto &[given, expected] : table) {
+        give(u'N');
+        wear(given);
+        EXPECT_EQ(strip(), expected) << given.toStdString();
+        EXPECT_EQ(button.size(), frameSize);
+        EXPECT_EQ(button.sizeHint(), frameSize);
+    }
+    EXPECT_EQ(button.frame(ButtonState::Over, 16), QRect(16 * 20, 0, 20, 10)) << "the 17th is lost";
+    EXPECT_TRUE(button.frame(ButtonState::Clicked).isNull());
+    give(u'C');
+    EXPECT_EQ(strip(), u"N123456789abcdefg"_s) << "too late";
+    button.SetSkin(ButtonState::Normal, nullptr);
+    give(u'N', {1025, 1});
+    EXPECT_TRUE(button.isFinished()) << "no bitmap, or too large a one, changes nothing";
+
+    give(u'N');
+    give(u'C', {25, 12});
+    give(u'1', {33, 20});
+    give(u'2', {20, 4});
+    wear(u"D"_s);
+    EXPECT_EQ(strip(), u"NCD1?"_s) << "no frame reaches into the next";
+    EXPECT_EQ(button.size(), frameSize);
+}
+
+TEST_F(ButtonTest, ShowsTheStateThatMattersMost)
+{
+    struct
+    {
+        QString skin;
+        QString acts;
+        QString shown;
+    } const table[] = {
+        {u"NCDHL1"_s, u"focus enter press release leave unfocus"_s, u"H1C1HN"_s},
+        {u"NCDHL1"_s, u"press enter latch disable able release unlatch leave"_s, u"CCLDLL1N"_s},
+        {u"NCDHL1"_s, u"disable enter press latch able unlatch release leave"_s, u"DDDDL11N"_s},
+        {u"NCDH1"_s, u"latch enter press dragOff dragOn release leave disable able"_s, u"N1CNC1NDN"_s},
+        {u"N"_s, u"focus enter press latch disable able release leave"_s, u"NNNNNNNN"_s},
+        {u"NH"_s, u"enter press release leave"_s, u"HNHN"_s},
+    };
+    button.show();
+    for (const auto &[skin, acts, expected] : table) {
+        button.clearFocus();
+        button.setLatched(false);
+        button.setEnabled(true);
+        wear(skin);
+        QString seen;
+        for (const QString &what : acts.split(u' ')) {
+            act(what);
+            seen += shown();
+            EXPECT_EQ(letterAt(button.picture(button.State(), 1), 1, 1), seen.back());
+        }
+        EXPECT_EQ(seen, expected) << skin.toStdString() << " " << acts.toStdString();
+    }
+    act(u"enter"_s);
+    button.hide(); // from under the pointer
+    button.show();
+    EXPECT_EQ(shown(), u'N');
+}
+
+TEST_F(ButtonTest, TheOverFramesGoOnThroughTheSequence)
+{
+    struct
+    {
+        const char *what;
+        OverSequence sequence;
+        QString frames; ///< shown from the beginning, one every 25 ms
+    } table[] = {
+        {"once round", {.frames = 3, .reverses = false}, u"11223311223311"_s},
+        {"to and fro", {.frames = 3}, u"11223322111122332211"_s},
+        {"a pause", {.frames = 3, .pause = 100, .reverses = false}, u"11223311112233111122"_s},
+        {"a pause at the end of to and fro", {.frames = 2, .pause = 100}, u"1122111111221111112"_s},
+        {"slower", {.frames = 2, .frameDelay = 60, .reverses = false}, u"111222111222"_s},
+    };
+    for (auto &[what, sequence, frames] : table) {
+        QString seen = QString::number(sequence.current);
+        while (seen.size() < frames.size()) {
+            sequence.advance(25);
+            seen += QString::number(sequence.current);
+        }
+        EXPECT_EQ(seen, frames) << what;
+    }
+    wear(u"NC123"_s);
+    button.Sequence.pause = 600000;
+    button.show();
+    act(u"enter"_s);
+    EXPECT_EQ(shown(), u'1');
+    EXPECT_TRUE(eventually([&] { return shown() == u'3'; }));
+    act(u"press"_s);
+    act(u"release"_s);
+    EXPECT_EQ(shown(), u'1') << "begun anew";
+    wear(u"N45"_s);
+    EXPECT_EQ(shown(), u'4') << "a new skin under the pointer";
+    wear(u"N6"_s);
+    EXPECT_EQ(shown(), u'6');
+    wear(u"N78"_s);
+    EXPECT_TRUE(eventually([&] { return shown() == u'8'; })) << "moves, though the one before did not";
+}
+
+TEST_F(ButtonTest, TheOverlayStandsInTheMiddleOfEveryState)
+{
+    struct
+    {
+        QSize size;
+        QPoint place;
+    } const table[] = {{{4, 4}, {8, 3}}, {{5, 3}, {7, 3}}, {{23, 13}, {-1, -1}}, {{30, 4}, {-5, 3}}};
+    for (const auto &[size, place] : table) {
+        for (const bool isKeyed : {false, true}) {
+            QImage overlay = motley(size, 1, 4);
+            overlay.setPixel(0, 0, fuchsia);
+            button.OverlayMaskColour = isKeyed ? 0x123456 : noColour;
+            wear(u"NOCDHL12"_s); // an overlay that comes too early
+            EXPECT_EQ(letterAt(button.picture(ButtonState::Normal, 1), 10, 5), u'N');
+            button.SetSkin(ButtonState::Overlay, bitmapOf(overlay));
+            EXPECT_EQ(button.OverlayMaskColour, isKeyed ? 0xFF00FF : noColour);
+            for (const QChar letter : u"NCDHL1"_s) {
+                QImage expected = pictureFor(letter);
+                paste(expected, isKeyed ? withoutFuchsia(overlay) : overlay, place);
+                EXPECT_EQ(button.picture(stateOf(letter), 1).convertToFormat(expected.format()), expected)
+                    << size.width() << letter.toLatin1();
+            }
+        }
+    }
+}
+
+TEST_F(ButtonTest, TheCaptionHasAShadowOnePixelAway)
+{
+    const QSize large(80, 30);
+    for (const ButtonState state : {ButtonState::Normal, ButtonState::Clicked, ButtonState::Disabled}) {
+        button.SetSkin(state, bitmapOf(plain(large, qRgb(255, 255, 255))));
+    }
+    button.FinishSkin();
+    QFont font(u"DejaVu Sans"_s, 12);
+    button.setFont(font);
+    button.setCaption(u"&Hil"_s);
+    const auto inkOf = [&](ButtonState state, bool shadow) {
+        return pixelsOf(button.picture(state, 1), [&](QColor pixel) {
+            return pixel.green() < 100 && (shadow ? pixel.blue() : pixel.red()) > 150;
+        });
+    };
+    button.Colours.ForeColour = 0x0000FF;
+    button.Colours.ForeShadowColour = 0xFF0000;
+    const QRegion text = inkOf(ButtonState::Normal, false);
+    const QRegion shadow = inkOf(ButtonState::Normal, true);
+    EXPECT_FALSE(text.isEmpty());
+    EXPECT_FALSE(shadow.isEmpty());
+    EXPECT_TRUE(shadow.subtracted(text.translated(1, 1)).isEmpty());
+    const QFontMetrics metrics(font);
+    const QRect bounds = text.boundingRect();
+    EXPECT_NEAR(bounds.left() + bounds.right(), large.width() - 2, 3) << "in the middle";
+    EXPECT_EQ(bounds.top(),
+              (30 - metrics.height()) / 2 - 1 + metrics.ascent() + metrics.tightBoundingRect(u"Hil"_s).top());
+
+    button.ClickTextOffset = QPoint(3, 5);
+    EXPECT_EQ(inkOf(ButtonState::Clicked, false), text.translated(3, 5));
+    EXPECT_EQ(inkOf(ButtonState::Clicked, true), shadow.translated(3, 5));
+    EXPECT_EQ(inkOf(ButtonState::Normal, false), text);
+    EXPECT_EQ(inkOf(ButtonState::Disabled, false), QRegion());
+    button.Colours.DisabledForeColour = 0x0000FF;
+    button.Colours.DisabledShadowColour = 0xFF0000;
+    EXPECT_EQ(inkOf(ButtonState::Disabled, false), text);
+    EXPECT_EQ(inkOf(ButtonState::Disabled, true), shadow);
+    font.setPointSizeF(12.4);
+    button.setFont(font);
+    EXPECT_EQ(inkOf(ButtonState::Normal, false), text) << "in whole points";
+}
+
+TEST_F(ButtonTest, TheCaptionGivesTheAccessKeyAndTheNameThatIsHeard)
+{
+    struct
+    {
+        QString caption;
+        QString key;
+        QString heard;
+    } const table[] = {
+        {u"&Send"_s, u"Alt+S"_s, u"Send"_s}, {u"menu"_s, u"Alt+M"_s, u"menu"_s},
+        {u"&&x"_s, u"Alt+M"_s, u"&x"_s},     {u"x&"_s, u"Alt+M"_s, u"x"_s},
+        {u"E&xit"_s, u"Alt+X"_s, u"Exit"_s}, {u""_s, u"Alt+X"_s, u""_s},
+    };
+    QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&button);
+    ASSERT_NE(heard, nullptr);
+    for (const auto &[caption, key, name] : table) {
+        button.setCaption(caption);
+        EXPECT_EQ(button.Caption(), caption);
+        EXPECT_EQ(button.shortcut().toString(), key) << caption.toStdString();
+        EXPECT_EQ(heard->text(QAccessible::Name), name);
+    }
+    button.setCaption(QString(100000, u'W'));
+    EXPECT_EQ(button.Caption().size(), 500);
+    EXPECT_EQ(heard->role(), QAccessible::PushButton);
+}
+
+TEST_F(ButtonTest, IsPressedByMouseKeysAndAssistivePrograms)
+{
+    int clicks = 0;
+    QObject::connect(&button, &SkinButton::clicked, &button, [&] { ++clicks; });
+    button.show();
+    wear(u"NCL"_s);
+    act(u"press"_s);
+    EXPECT_EQ(clicks, 0);
+    act(u"release"_s);
+    EXPECT_EQ(clicks, 1);
+    const auto key = [&](QEvent::Type type, Qt::Key code, bool isRepeated = false) {
+        send<QKeyEvent>(type, code, Qt::NoModifier, QString(), isRepeated);
+    };
+    int expected = 1;
+    for (const Qt::Key code : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        key(QEvent::KeyPress, code);
+        EXPECT_EQ(shown(), u'C');
+        key(QEvent::KeyRelease, code);
+        ++expected;
+        EXPECT_TRUE(eventually([&] { return clicks == expected; })) << code;
+        EXPECT_EQ(shown(), u'N');
+    }
+    for (const bool latched : {false, true}) {
+        button.setLatched(latched);
+        QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&button);
+        EXPECT_TRUE(heard->state().checkable);
+        EXPECT_EQ(heard->state().checked, latched);
+        QStringList actions = heard->actionInterface()->actionNames();
+        EXPECT_TRUE(actions.removeOne(QAccessibleActionInterface::setFocusAction()));
+        EXPECT_TRUE(actions.contains(QAccessibleActionInterface::pressAction()));
+        for (const QString &action : actions) {
+            heard->actionInterface()->doAction(action);
+            ++expected;
+            EXPECT_TRUE(eventually([&] { return clicks == expected; })) << action.toStdString();
+        }
+        EXPECT_EQ(button.Down(), latched) << "latching is the owner's";
+    }
+    key(QEvent::KeyPress, Qt::Key_A);
+    key(QEvent::KeyPress, Qt::Key_Return, true);
+    button.setEnabled(false);
+    act(u"press"_s);
+    act(u"release"_s);
+    key(QEvent::KeyPress, Qt::Key_Return);
+    EXPECT_FALSE(eventually([&] { return clicks != expected; }, 200));
+}
+
+TEST_F(ButtonTest, ANewSkinForgetsTheOldOne)
+{
+    QImage mask = plain(frameSize, qRgb(0, 0, 0));
+    QRegion shape(QRect(QPoint(), frameSize));
+    for (const QPoint corner : {QPoint(0, 0), QPoint(19, 9), QPoint(7, 3)}) {
+        mask.setPixel(corner, qRgb(255, 255, 255));
+        shape -= QRect(corner, QSize(1, 1));
+    }
+    mask.setPixel(9, 9, qRgb(254, 255, 255)); // not quite white
+    for (const bool clears : {false, true}) {
+        give(u'N');
+        button.SetSkin(ButtonState::Mask, bitmapOf(mask));
+        wear(u"CDHL123"_s);
+        give(u'O', {4, 4});
+        EXPECT_TRUE((button.mask() ^ shape).isEmpty());
+        EXPECT_EQ(strip(), u"NCDHL123"_s);
+        if (clears) {
+            button.ClearSkin();
+            EXPECT_NE(button.sizeHint(), frameSize) << "the desktop's own look again";
+        }
+        wear(u"ND"_s);
+        EXPECT_EQ(strip(), u"ND"_s);
+        EXPECT_EQ(letterAt(button.picture(ButtonState::Normal, 1), 10, 5), u'N') << "no overlay";
+        EXPECT_TRUE(button.mask().isEmpty());
+    }
+}
+
+TEST_F(ButtonTest, IsDressedWithThePicturesOfItsKind)
+{
+    WrittenSkin skin;
+    const auto set = [&](const QString &section, const QString &keys, const QString &names) {
+        for (const QString &name : names.split(u' ')) {
+            const QChar letter = name == u"Over" ? u'1' : name == u"Down" ? u'L' : name[0];
+            skin.set(section, QString(keys).replace(u'%', name),
+                     name == u"Mask" ? plain(frameSize, 0xFF000001) : pictureFor(letter));
+        }
+    };
+    const QString six = u"Normal Over Clicked Disabled HasFocus Mask"_s;
+    const QString seven = QString(six % u" Down");
+    set(u"Default Button"_s, u"% Button"_s, six);
+    set(u"Chat Rooms"_s, u"% Send Button"_s, six);
+    set(u"Chat Rooms"_s, u"% BIU Button"_s, seven);
+    set(u"Add Friend Window"_s, u"%SelectButton"_s, seven);
+    set(u"Messaging Window"_s, u"%InfoMsgButton"_s, six);
+    set(u"Defaults"_s, u"%SysMin"_s, u"Normal Over Clicked"_s);
+    QImage overlay = pictureFor(u'O', {4, 4});
+    overlay.setPixel(0, 0, fuchsia);
+    skin.set(u"Chat Rooms"_s, u"Italic Overlay"_s, overlay);
+    skin.set(u"Chat Rooms"_s, u"Send Button Text"_s, u"'&Go'"_s);
+    skin.set(u"Default Button"_s, u"Font"_s, u"{ face = 'DejaVu Serif', size = 7 }"_s);
+    int colour = 0;
+    for (const QString &key :
+         u"ForeColour;Shadow Colour;Disabled Colour;Disabled Shadow Colour"_s.split(u';')) {
+        skin.set(u"Default Button"_s, key, QString::number(++colour));
+        skin.set(u"Add Friend Window"_s, QString(u"Button " % QString(key).replace(u"ForeC"_s, u"Forec"_s)),
+                 QString::number(10 + colour));
+    }
+    skin.write();
+    clsSkinResourceNew description(skin.app);
+    clsSkinResourceNew nothing(skin.app);
+    description.Initialize();
+    description.OptionsForm(OptionsItem::LoadSelectButton);
+    description.MessagingForm(PrivateItem::AcquireInfoButton);
+    using Skin = clsSkinResourceNew;
+    struct
+    {
+        std::function<void(Skin &)> dress;
+        QString strip;
+        QString caption = u"&Own"_s;
+        ColourValue colour = 1;
+    } const table[] = {
+        {[&](Skin &worn) { dressButton(button, worn); }, u"NCDH1"_s},
+        {[&](Skin &worn) { dressFormatButton(button, worn, RoomItem::ItalicOverlay); }, u"NCDHL1"_s},
+        {[&](Skin &worn) { dressFormatButton(button, worn, RoomItem::BoldOverlay); }, u"NCDHL1"_s, u"B"_s},
+        {[&](Skin &worn) { dressRoomButton(button, worn, RoomItem::NormalMenu, RoomItem::MenuText); },
+         u"NCDH1"_s},
+        {[&](Skin &worn) { dressSelectButton(button, worn); }, u"NCDHL1"_s, u"&Own"_s, 11},
+        {[&](Skin &worn) { dressInfoButton(button, worn); }, u"NCDH1"_s},
+        {[&](Skin &worn) { dressRoomButton(button, worn, RoomItem::NormalSend, RoomItem::SendText); },
+         u"NCDH1"_s, u"&Go"_s},
+    };
+    const auto look = [&] {
+        const ButtonColours &all = button.Colours;
+        return std::tuple(all.ForeColour, all.ForeShadowColour, all.DisabledForeColour,
+                          all.DisabledShadowColour, button.font().family(), button.font().pointSize());
+    };
+    const auto ofNoSkin = look();
+    button.setCaption(u"&Own"_s);
+    for (const auto &[dress, expected, caption, first] : table) {
+        dress(description);
+        EXPECT_EQ(strip(), expected) << expected.toStdString();
+        EXPECT_EQ(button.Caption(), caption);
+        EXPECT_FALSE(button.mask().isEmpty());
+        EXPECT_EQ(look(), std::tuple(first, first + 1, first + 2, first + 3, u"DejaVu Serif"_s, 7));
+        dress(nothing);
+        EXPECT_FALSE(button.isFinished());
+        EXPECT_EQ(look(), ofNoSkin) << "nothing stays of the old skin";
+        dressRoomButton(button, nothing, RoomItem::NormalSend, RoomItem::SendText);
+        EXPECT_EQ(button.Caption() % button.shortcut().toString(), u"&OwnAlt+O"_s);
+    }
+    dressSystemButton(button, description, FormItem::NormalSysMin);
+    EXPECT_EQ(strip(), u"NC1"_s);
+    dressSystemButton(button, nothing, FormItem::NormalSysMin);
+    EXPECT_TRUE(button.size().isEmpty()) << "takes no place in the title strip";
+    button.setCaption({});
+    dressFormatButton(button, description, RoomItem::ItalicOverlay);
+    const QImage picture = button.picture(ButtonState::Down, 1);
+    EXPECT_EQ(QString(letterAt(picture, 8, 3)) + letterAt(picture, 9, 3), u"LO"_s);
+}
