@@ -3,13 +3,13 @@
 // bench_link [--paced N]: with --paced only that many requests in a row at the send timer's own pace.
 
 #include "bench/figures.h"
+#include "bench/no_prompts.h"
 #include "core/clock.h"
 #include "core/clsMyApp.h"
 #include "core/command_line.h"
 #include "core/shared_state.h"
 #include "link/frmComms.h"
 #include "link/wait.h"
-#include "platform/prompts.h"
 #include "platform/settings_file.h"
 #include "platform/skinnable.h"
 #include "platform/tcp_listener.h"
@@ -36,17 +36,6 @@ void require(bool condition, const char *what)
         std::exit(2);
     }
 }
-
-class NoPrompts final : public Prompts
-{
-public:
-    PromptAnswer ask(const QString &, const QString &, PromptIcon, PromptButtons) override
-    {
-        return PromptAnswer::No;
-    }
-    QString ShowSave(const QString &, const QString &, const QString &) override { return {}; }
-    std::optional<QFont> ShowFont(const QFont &, int, int) override { return {}; }
-};
 
 /// A link with all it needs, connected to the port.
 struct Client
