@@ -16,7 +16,7 @@ QString messenger::findSkin(const QString &nameOrPath, const QStringList &folder
         return nameOrPath;
     }
     for (const QString &folder : folders) {
-        const QString file = folder % nameOrPath % u".skn";
+        QString file = folder % nameOrPath % u".skn";
         if (QFileInfo(file).isFile()) {
             return file;
         }

@@ -2,7 +2,12 @@
 
 #include "controls/SkinButton.h"
 #include "controls/SkinFrame.h"
+#include "platform/text_looks.h"
 #include "skin/clsSkinResourceNew.h"
+
+#include <QLabel>
+#include <QMenu>
+#include <QWidgetAction>
 
 #include <array>
 #include <optional>
@@ -135,6 +140,36 @@ void dressSystemButton(SkinButton &button, clsSkinResourceNew &skin, FormItem no
     if (!button.isFinished()) {
         button.resize(0, 0); // the title strip has no place for it
     }
+}
+
+void dressMenu(QMenu &menu, const clsSkinResourceNew &skin)
+{
+    auto *title = new QLabel(menu.title());
+    title->setTextFormat(Qt::PlainText); // it may hold a stranger's id
+    title->setAlignment(Qt::AlignCenter);
+    title->setContentsMargins(12, 4, 12, 4);
+    if (skin.isRead()) {
+        const auto colour = [&](MenuItem item) { return toColor(skin.PopupMenu(item).colour()); };
+        QPalette palette(colour(MenuItem::BackColour), colour(MenuItem::BackColour));
+        for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+            palette.setColor(role, colour(MenuItem::TextColour));
+            palette.setColor(QPalette::Disabled, role, colour(MenuItem::TextDisabledColour));
+        }
+        palette.setColor(QPalette::Base, colour(MenuItem::BackColour));
+        palette.setColor(QPalette::Highlight, colour(MenuItem::GradientColour));
+        palette.setColor(QPalette::HighlightedText, colour(MenuItem::TextHighlightColour));
+        menu.setPalette(palette);
+        palette.setColor(QPalette::Window, colour(MenuItem::HeaderBackColour));
+        palette.setColor(QPalette::WindowText, colour(MenuItem::HeaderTextColour));
+        title->setPalette(palette);
+        title->setAutoFillBackground(true);
+        menu.setFont(skin.PopupMenu(MenuItem::Font).font().value_or(QFont()));
+        title->setFont(menu.font());
+    }
+    auto *header = new QWidgetAction(&menu);
+    header->setDefaultWidget(title); // which it owns from now on
+    header->setEnabled(false);
+    menu.addAction(header);
 }
 
 void dressFrame(SkinFrame &frame, const clsSkinResourceNew &skin)

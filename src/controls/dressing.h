@@ -2,6 +2,7 @@
 
 #include "skin/skin_items.h"
 
+class QMenu;
 class SkinButton;
 class SkinFrame;
 class clsSkinResourceNew;
@@ -27,5 +28,8 @@ void dressInfoButton(SkinButton &button, clsSkinResourceNew &skin);
 
 /// A button of the title strip, by the first of its three items; one without pictures has no size.
 void dressSystemButton(SkinButton &button, clsSkinResourceNew &skin, FormItem normal);
+
+/// A pop-up menu without entries: the skin's colours and font, and the menu's title as its first row.
+void dressMenu(QMenu &menu, const clsSkinResourceNew &skin);
 
 void dressFrame(SkinFrame &frame, const clsSkinResourceNew &skin);

@@ -1,6 +1,7 @@
 #include "room/frmMain.h"
 
 #include "controls/SkinButton.h"
+#include "controls/dressing.h"
 #include "core/attribute_text.h"
 #include "core/clsMyApp.h"
 #include "core/command_line.h"
@@ -255,6 +256,7 @@ void frmMain::describeEmotion(const QString &name)
 void frmMain::showMenu()
 {
     QMenu menu(tr("Main Menu"), this);
+    dressMenu(menu, skin());
     menu.setAccessibleName(menu.title());
     QAction *leave = menu.addAction(tr("Leave Room"), this, [this] { m_lifecycle.LeaveRoom(true); });
     leave->setEnabled(m_state.InRoom && !m_state.IsRoomOwner);
@@ -272,6 +274,7 @@ void frmMain::showMenu()
 void frmMain::showEmoticons()
 {
     QMenu menu(tr("Emoticons"), this);
+    dressMenu(menu, skin());
     menu.setAccessibleName(menu.title());
     QSet<QString> names;
     for (const EmoticonEntry &row : m_looks.emoticons.table().Rows()) {
@@ -318,6 +321,7 @@ void frmMain::showMemberMenu(const QModelIndex &row, QPoint globalPlace)
         return;
     }
     auto *menu = new QMenu(member.title, this);
+    dressMenu(*menu, skin());
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setAccessibleName(menu->title());
     for (const MemberMenuEntry &entry : member.entries) {
