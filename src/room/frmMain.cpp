@@ -64,8 +64,7 @@ frmMain::frmMain(SharedState &state, Options &options, frmComms &link, Prompts &
     connectControls();
     resize(designedSize);
     frmMain::SetupFormSkin();
-    m_composeBox.setFont(m_looks.saved.font());
-    takeComposeLook();
+    m_composeBox.setFont(m_looks.saved.font()); // and with it the rest of the look
     fillEmotions();
     m_controls.rtfText->setFocus();
     m_link.setRoomEvents(&m_events);
