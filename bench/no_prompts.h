@@ -12,4 +12,5 @@ public:
     }
     QString ShowSave(const QString &, const QString &, const QString &) override { return {}; }
     std::optional<QFont> ShowFont(const QFont &, int, int) override { return {}; }
+    std::optional<ColourValue> ShowColor(ColourValue) override { return {}; }
 };

@@ -1,8 +1,10 @@
 #include "app/program.h"
 
+#include "app/program_windows.h"
 #include "core/numbers.h"
 #include "link/frmComms.h"
 #include "platform/addresses.h"
+#include "platform/clsRegistry.h"
 #include "platform/prompts.h"
 #include "room/frmMain.h"
 #include "skin/skin_chat_colours.h"
@@ -10,6 +12,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QGuiApplication>
+#include <QScreen>
 
 namespace {
 
@@ -90,7 +93,18 @@ void Program::loadSkin()
     if (!clsMyApp::IsFile(m_myApp.Skin)) {
         m_skin->report(QString(u"skin not used: there is no file \"" % m_myApp.Skin % u'"'));
     }
+    m_skin->setFinePictures(qGuiApp->devicePixelRatio() > 1 ? FinePictures::Read : FinePictures::Skip);
     m_skin->change();
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &Program::suitScreens);
+}
+
+/// A finer screen than all before wants the finer pictures.
+void Program::suitScreens()
+{
+    if (m_skin->finePictures() == FinePictures::Skip && qGuiApp->devicePixelRatio() > 1) {
+        m_skin->setFinePictures(FinePictures::Read);
+        m_loadedWindows.changeSkin();
+    }
 }
 
 void Program::showRoom()
@@ -98,14 +112,54 @@ void Program::showRoom()
     const QFont designed = QGuiApplication::font();
     m_savedSettings.load(chatColoursOf(m_skin->description()),
                          {designed.family(), designedFontSize, false, false, false});
-    m_window = std::make_unique<frmMain>(m_state, m_options, *m_link, m_prompts, m_commandLine,
-                                         RoomLooks{*m_skin, m_loadedWindows, m_emoticons, m_savedSettings});
-    connect(m_window.get(), &frmMain::exited, this, &Program::ended);
-    connect(m_window.get(), &frmMain::addressActivated, this,
-            [this](const QUrl &address) { m_addresses.open(address); });
-    connect(m_window.get(), &frmMain::helpRequested, this, [this](const QString &anchor) {
-        ShowHelp(anchor, m_settings, pagesFolder(QCoreApplication::applicationDirPath()), m_addresses);
+    m_window = std::make_unique<frmMain>(
+        m_state, m_options, *m_link, m_prompts, m_commandLine,
+        RoomLooks{*m_skin, m_loadedWindows, m_emoticons, m_savedSettings, bannerSource()});
+    const WindowDress dress{*m_skin, m_loadedWindows};
+    m_windows =
+        std::make_unique<ProgramWindows>(dress, Preferences{m_options, m_state.lists, m_savedSettings},
+                                         PrivateChat{m_state, m_options, *m_link, m_settings,
+                                                     m_window->messages(), m_window->rtfText(), m_clock},
+                                         m_prompts, *m_window);
+    connect(m_window.get(), &frmMain::exited, this, &Program::end);
+    connect(m_window.get(), &frmMain::addressActivated, this, &Program::openAddress);
+    connect(m_window.get(), &frmMain::helpRequested, this, &Program::showHelp);
+    connect(m_window.get(), &frmMain::emoticonHelpRequested, this, [this] {
+        ShowEmoticonHelp(m_settings, pagesFolder(QCoreApplication::applicationDirPath()), m_addresses);
     });
+    connect(m_windows.get(), &ProgramWindows::addressActivated, this, &Program::openAddress);
+    connect(m_windows.get(), &ProgramWindows::helpRequested, this, &Program::showHelp);
     m_window->show();
     m_window->repaint();
+}
+
+/// No advertising for those whose browser starts with the product's home page.
+BannerSource Program::bannerSource() const
+{
+    const auto setting = [this](const QString &key) {
+        return m_settings.ReadValue(key, {}, QStringLiteral("Chat"));
+    };
+    return {setting(QStringLiteral("BannerPage")), [this, setting] {
+                clsRegistry registry(m_myApp.Path() + u"Registry.reg");
+                registry.SectionKey = QStringLiteral("Software\\Microsoft\\Internet Explorer\\Main");
+                registry.ValueKey = QStringLiteral("Start Page");
+                const QString homePage = setting(QStringLiteral("HomePage")).toLower();
+                return homePage.isEmpty() || !registry.Value().toString().toLower().contains(homePage);
+            }};
+}
+
+void Program::openAddress(const QUrl &address)
+{
+    m_addresses.open(address);
+}
+
+void Program::showHelp(const QString &anchor)
+{
+    ShowHelp(anchor, m_settings, pagesFolder(QCoreApplication::applicationDirPath()), m_addresses);
+}
+
+void Program::end()
+{
+    m_windows->unload();
+    Q_EMIT ended();
 }

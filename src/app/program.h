@@ -8,6 +8,7 @@
 #include "emotions/emoticon_file.h"
 #include "platform/settings_file.h"
 #include "platform/skinnable.h"
+#include "room/banner.h"
 #include "room/saved_settings.h"
 #include "skin/skin_in_use.h"
 
@@ -18,6 +19,7 @@
 class Addresses;
 class Prompts;
 class frmComms;
+class ProgramWindows;
 class frmMain;
 
 /// The whole program: it makes each shared object once and hands it to those who need it. Windows are members
@@ -48,7 +50,12 @@ private:
     [[nodiscard]] bool fail(const QString &caption, const QString &text);
     [[nodiscard]] bool retrieveDetails();
     void loadSkin();
+    void suitScreens();
     void showRoom();
+    [[nodiscard]] BannerSource bannerSource() const;
+    void openAddress(const QUrl &address);
+    void showHelp(const QString &anchor);
+    void end();
 
     CommandLine m_commandLine;
     Prompts &m_prompts;
@@ -65,4 +72,5 @@ private:
     std::unique_ptr<SkinInUse> m_skin;
     std::unique_ptr<frmComms> m_link;
     std::unique_ptr<frmMain> m_window;
+    std::unique_ptr<ProgramWindows> m_windows;
 };

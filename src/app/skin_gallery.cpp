@@ -1,8 +1,6 @@
 #include "app/skin_gallery.h"
 
 #include "app/skin_sheet.h"
-#include "controls/SkinButton.h"
-#include "controls/dressing.h"
 #include "core/clsMyApp.h"
 #include "platform/text_looks.h"
 #include "skin/skin_palette.h"
@@ -29,37 +27,12 @@ QString nameOf(const clsMyApp &myApp)
     return file.fileName() == u"skin.toml" ? file.dir().dirName() : myApp.SkinName();
 }
 
-SkinButton *makeSystemButton(QWidget *parent, const char16_t *name, const QString &accessibleName)
-{
-    auto *button = new SkinButton(parent);
-    button->setObjectName(QStringView(name).toString());
-    button->setAccessibleName(accessibleName);
-    button->setFocusPolicy(Qt::NoFocus);
-    return button;
-}
-
-void dressSystemButtons(clsSkin &face, clsSkinResourceNew &skin, SkinButton &close, SkinButton &minimise,
-                        SkinButton &help)
-{
-    skin.FormDefaults(FormItem::ReloadSystemButtons);
-    dressSystemButton(close, skin, FormItem::NormalSysClose);
-    dressSystemButton(minimise, skin, FormItem::NormalSysMin);
-    dressSystemButton(help, skin, FormItem::NormalSysHelp);
-    face.AddSystemButton(close);
-    face.AddSystemButton(minimise);
-    face.AddSystemButton(help);
-    skin.FormDefaults(FormItem::ReleaseSystemButtons);
-}
-
 /// A window with nothing in it, for its picture.
-class SampleWindow final : public SkinnedWindow
+class SampleWindow final : public TitledWindow
 {
 public:
     SampleWindow(SkinInUse &skin, LoadedWindows &windows, const QString &title, QSize size)
-        : SkinnedWindow(skin, windows, WindowDragging::Room, Qt::Window),
-          sysClose(makeSystemButton(this, u"sysClose", tr("Close window"))),
-          sysMin(makeSystemButton(this, u"sysMin", tr("Minimise window"))),
-          sysHelp(makeSystemButton(this, u"sysHelp", tr("Help")))
+        : TitledWindow({skin, windows}, {u"sample", u"", WindowDragging::Room, Qt::Window}, nullptr)
     {
         setWindowTitle(title);
         resize(size);
@@ -81,59 +54,39 @@ public:
     }
 
 protected:
-    void SetupFormSkin() override
-    {
-        startSkin();
-        dressSystemButtons(m_face, skin(), *sysClose, *sysMin, *sysHelp);
-    }
+    void SetupFormSkin() override { startTitledSkin(); }
     void layOut() override {}
-
-private:
-    SkinButton *sysClose;
-    SkinButton *sysMin;
-    SkinButton *sysHelp;
 };
 
 } // namespace
 
 SkinGallery::SkinGallery(SkinInUse &skin, LoadedWindows &windows)
-    : SkinnedWindow(skin, windows, WindowDragging::Room, Qt::Window),
-      m_view(new QScrollArea(this)),
-      sysClose(makeSystemButton(this, u"sysClose", tr("Close window"))),
-      sysMin(makeSystemButton(this, u"sysMin", tr("Minimise window"))),
-      sysHelp(makeSystemButton(this, u"sysHelp", tr("Help")))
+    : TitledWindow({skin, windows}, {u"skinGallery", u"", WindowDragging::Room, Qt::Window}, nullptr),
+      m_view(new QScrollArea(this))
 {
-    setObjectName(QStringLiteral("skinGallery"));
     m_view->setFrameShape(QFrame::NoFrame);
     m_view->viewport()->setAutoFillBackground(false);
     setMinimumSize(500, 400);
-    connect(sysClose, &QAbstractButton::clicked, this, &QWidget::close);
-    connect(sysMin, &QAbstractButton::clicked, this, &QWidget::showMinimized);
     auto *reload = new QShortcut(this);
     reload->setKeys({QKeySequence(Qt::CTRL | Qt::Key_R), QKeySequence(Qt::Key_F5)});
     connect(reload, &QShortcut::activated, this, &SkinGallery::reloadRequested);
     SkinGallery::SetupFormSkin();
-    const QSize borders(m_face.NonClient(NonClientPart::SidesWidth) +
-                            m_view->verticalScrollBar()->sizeHint().width(),
-                        m_face.NonClient(NonClientPart::TopAndBottomHeight));
-    resize((m_view->widget()->sizeHint() + borders).boundedTo(screen()->availableSize() - QSize(80, 80)));
+    const QSize wanted =
+        m_view->widget()->sizeHint() + QSize(m_view->verticalScrollBar()->sizeHint().width(), 0);
+    resize(sizeAround(wanted).boundedTo(screen()->availableSize() - QSize(80, 80)));
 }
 
 void SkinGallery::SetupFormSkin()
 {
     setWindowTitle(tr("Skin gallery: %1").arg(nameOf(skinInUse().myApp())));
-    startSkin();
-    dressSystemButtons(m_face, skin(), *sysClose, *sysMin, *sysHelp);
+    startTitledSkin();
     m_view->setWidget(new SkinSheet(skinInUse())); // the older one goes
     m_view->widget()->setAutoFillBackground(false);
 }
 
 void SkinGallery::layOut()
 {
-    m_view->setGeometry(m_face.NonClient(NonClientPart::LeftWidth),
-                        m_face.NonClient(NonClientPart::TitleHeight),
-                        width() - m_face.NonClient(NonClientPart::SidesWidth),
-                        height() - m_face.NonClient(NonClientPart::TopAndBottomHeight));
+    m_view->setGeometry(clientArea());
 }
 
 void SkinGallery::closeEvent(QCloseEvent *event)

@@ -1,14 +1,13 @@
 #pragma once
 
-#include "skin/skinned_window.h"
+#include "controls/titled_window.h"
 
 class QImage;
 class QScrollArea;
-class SkinButton;
 
 /// A window that shows a skin at work before, and beside, the windows that wear it: its own border, and the
 /// sheet of everything that the skin brings, live. Ctrl+R reads the skin file again.
-class SkinGallery final : public SkinnedWindow
+class SkinGallery final : public TitledWindow
 {
     Q_OBJECT
 
@@ -27,9 +26,6 @@ protected:
 
 private:
     QScrollArea *m_view;
-    SkinButton *sysClose;
-    SkinButton *sysMin;
-    SkinButton *sysHelp;
 };
 
 /// The whole of a skin as one picture: a window at two sizes, cut to its shape, and the sheet. In the device

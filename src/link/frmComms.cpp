@@ -62,6 +62,9 @@ RequestQueue::Record frmComms::request(const QString &text)
     const bool connected = tcpClient.state() == TcpSocket::State::Connected;
     RequestQueue::Record record = m_queue.add(text, connected, m_clock.steadyMilliseconds());
     WaitForReply(*record);
+    if (!record->Sent && record->RetCode == RetCode::Replied) {
+        record->RetCode = RetCode::NotSent; // an answer to what was never asked
+    }
     return record;
 }
 

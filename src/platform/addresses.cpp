@@ -6,6 +6,17 @@
 #include <QDir>
 #include <QFileInfo>
 
+namespace {
+
+/// The page that the settings name, else the one that ships with the program.
+QUrl pageOf(const SettingsFile &settings, const QString &key, const QString &shipped)
+{
+    const QString page = settings.ReadValue(key, {}, QStringLiteral("Chat"));
+    return page.isEmpty() ? QUrl::fromLocalFile(shipped) : QUrl(page);
+}
+
+} // namespace
+
 bool DesktopAddresses::isAllowed(const QUrl &address) const
 {
     if (!address.isValid()) {
@@ -33,8 +44,12 @@ QString pagesFolder(const QString &executableFolder)
 void ShowHelp(const QString &anchor, const SettingsFile &settings, const QString &pagesFolder,
               Addresses &addresses)
 {
-    const QString page = settings.ReadValue(QStringLiteral("HelpPage"), {}, QStringLiteral("Chat"));
-    QUrl address = page.isEmpty() ? QUrl::fromLocalFile(pagesFolder + u"/help.html") : QUrl(page);
+    QUrl address = pageOf(settings, QStringLiteral("HelpPage"), pagesFolder + u"/help/index.html");
     address.setFragment(anchor);
     addresses.open(address);
+}
+
+void ShowEmoticonHelp(const SettingsFile &settings, const QString &pagesFolder, Addresses &addresses)
+{
+    addresses.open(pageOf(settings, QStringLiteral("EmoticonHelpPage"), pagesFolder + u"/help/emoticons.html"));
 }

@@ -42,3 +42,7 @@ private:
 /// that ships with the program.
 void ShowHelp(const QString &anchor, const SettingsFile &settings, const QString &pagesFolder,
               Addresses &addresses);
+
+/// Opens the page about emoticons: the one that the settings name under [Chat] EmoticonHelpPage, else the one
+/// that ships with the program.
+void ShowEmoticonHelp(const SettingsFile &settings, const QString &pagesFolder, Addresses &addresses);

@@ -1,5 +1,7 @@
 #include "platform/image_list.h"
 
+#include <algorithm>
+
 void ImageList::clear()
 {
     m_images.clear();
@@ -22,6 +24,20 @@ void ImageList::add(const QString &key, const QImage &image)
 QImage ImageList::image(const QString &key) const
 {
     return m_images.value(index(key) - 1);
+}
+
+QImage ImageList::imageOn(const QString &key, QRgb ground) const
+{
+    QImage picture = image(key);
+    if (picture.isNull() || !m_maskColour) {
+        return picture;
+    }
+    picture = picture.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < picture.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(picture.scanLine(y));
+        std::replace(line, line + picture.width(), *m_maskColour | 0xFF000000, ground);
+    }
+    return picture;
 }
 
 void ImageList::setMaskColour(std::optional<QRgb> colour)

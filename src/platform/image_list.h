@@ -21,6 +21,8 @@ public:
 
     /// Null for a key that is not there.
     [[nodiscard]] QImage image(const QString &key) const;
+    /// With the ground in the place of the mask colour.
+    [[nodiscard]] QImage imageOn(const QString &key, QRgb ground) const;
     /// 0 for a key that is not there.
     [[nodiscard]] int index(const QString &key) const { return m_indices.value(key); }
     [[nodiscard]] int count() const { return static_cast<int>(m_images.size()); }

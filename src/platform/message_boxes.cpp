@@ -1,11 +1,14 @@
 #include "platform/message_boxes.h"
 
+#include "core/clsMyApp.h"
 #include "platform/font_dialog.h"
+#include "platform/text_looks.h"
 
 #include <QApplication>
-#include <QDir>
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QScreen>
 #include <QStandardPaths>
 
 namespace {
@@ -27,6 +30,15 @@ QMessageBox::Icon toolkitIcon(PromptIcon icon)
 
 } // namespace
 
+void CentreDialog(QDialog &dialog)
+{
+    dialog.adjustSize();
+    const QWidget *owner = dialog.parentWidget();
+    const QRect middle =
+        owner != nullptr ? owner->window()->frameGeometry() : dialog.screen()->availableGeometry();
+    dialog.move(clsMyApp::centredOn(middle, dialog.size()));
+}
+
 PromptAnswer MessageBoxes::ask(const QString &text, const QString &caption, PromptIcon icon,
                                PromptButtons buttons)
 {
@@ -46,13 +58,25 @@ PromptAnswer MessageBoxes::ask(const QString &text, const QString &caption, Prom
 
 QString MessageBoxes::ShowSave(const QString &title, const QString &proposedName, const QString &filter)
 {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    return QFileDialog::getSaveFileName(QApplication::activeWindow(), title,
-                                        QDir(folder).filePath(proposedName), filter);
+    QFileDialog dialog(QApplication::activeWindow(), title,
+                       QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation), filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.selectFile(proposedName);
+    CentreDialog(dialog);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 std::optional<QFont> MessageBoxes::ShowFont(const QFont &current, int smallest, int largest)
 {
     FontDialog dialog(current, smallest, largest, QApplication::activeWindow());
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.chosenFont()) : std::nullopt;
+}
+
+std::optional<ColourValue> MessageBoxes::ShowColor(ColourValue current)
+{
+    QColorDialog dialog(toColor(current), QApplication::activeWindow());
+    CentreDialog(dialog);
+    return dialog.exec() == QDialog::Accepted ? std::optional(colourOf(dialog.selectedColor()))
+                                              : std::nullopt;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/colours.h"
+
 #include <QFont>
 #include <QString>
 
@@ -24,7 +26,7 @@ enum class PromptAnswer
     No
 };
 
-/// Message boxes, and the dialogs that ask for a file or a font. Asking blocks the caller while events go on;
+/// Message boxes, and the dialogs that ask for a file, a font or a colour. Asking blocks the caller while events go on;
 /// a box closed without an answer says No, or Ok where there is nothing to decline.
 class Prompts
 {
@@ -43,6 +45,9 @@ public:
 
     /// A font of the screen in a whole size between the two, in points; none when the user cancels.
     virtual std::optional<QFont> ShowFont(const QFont &current, int smallest, int largest) = 0;
+
+    /// A colour; none when the user cancels.
+    virtual std::optional<ColourValue> ShowColor(ColourValue current) = 0;
 
     /// A box with nothing to decide.
     void tell(const QString &text, const QString &caption, PromptIcon icon)

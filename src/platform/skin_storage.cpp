@@ -54,7 +54,7 @@ struct SkinStorage::Open
     SkinPictures pictures;
 };
 
-SkinStorage::SkinStorage() = default;
+SkinStorage::SkinStorage(FinePictures fine) : m_fine(fine) {}
 SkinStorage::~SkinStorage() = default;
 
 void SkinStorage::OpenFile(const QString &path)
@@ -129,6 +129,9 @@ SkinValue SkinStorage::picture(const QString &key, const QString &name)
     if (coarse.image.isNull()) {
         note(key, QString(printable(name) + u' ' + coarse.fault));
         return {};
+    }
+    if (m_fine == FinePictures::Skip) {
+        return SkinPicture{coarse.image, {}};
     }
     const QString fineName = fineNameOf(name);
     const SkinPictures::Picture fine = m_open->pictures.read(fineName, m_open->files);

@@ -32,6 +32,13 @@ struct SkinPicture
 /// The answer to a key: nothing, a colour, a text, a picture or a font.
 using SkinValue = std::variant<std::monostate, ColourValue, QString, SkinPicture, QFont>;
 
+/// Whether the pictures for fine screens are read as well: they take four fifths of a skin's memory.
+enum class FinePictures
+{
+    Read,
+    Skip
+};
+
 /// The only one who knows what a skin file looks like inside: an archive with a "skin.toml" and pictures, or
 /// a folder with the same. Everything a stranger can put into one is checked here, before memory is taken for
 /// it. Every operation throws SkinError when the skin is not fit to be used, and leaves the storage closed
@@ -39,7 +46,7 @@ using SkinValue = std::variant<std::monostate, ColourValue, QString, SkinPicture
 class SkinStorage
 {
 public:
-    SkinStorage();
+    explicit SkinStorage(FinePictures fine = FinePictures::Read);
     ~SkinStorage();
     SkinStorage(const SkinStorage &) = delete;
     SkinStorage &operator=(const SkinStorage &) = delete;
@@ -75,6 +82,7 @@ private:
     [[nodiscard]] SkinValue picture(const QString &key, const QString &name);
     void note(const QString &key, const QString &why);
 
+    FinePictures m_fine;
     std::unique_ptr<Open> m_open; ///< null while no file is open
     QString m_section;
     QStringList m_notes;

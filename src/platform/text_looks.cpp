@@ -8,6 +8,11 @@ QColor toColor(ColourValue colour)
     return QColor::fromRgb(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
 }
 
+ColourValue colourOf(const QColor &colour)
+{
+    return (colour.rgb() & 0xFF) << 16 | (colour.rgb() & 0xFF00) | (colour.rgb() >> 16 & 0xFF);
+}
+
 void TextLooks::setBaseFont(const QFont &font)
 {
     m_baseFont = font;

@@ -12,6 +12,8 @@
 
 /// A colour of a text as the toolkit's own. Not for the automatic colour.
 [[nodiscard]] QColor toColor(ColourValue colour);
+/// And back; transparency is lost.
+[[nodiscard]] ColourValue colourOf(const QColor &colour);
 
 /// The text formats of a document as the toolkit's own, each made once. A format without a font name has the
 /// base font's family.

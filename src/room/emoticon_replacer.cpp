@@ -43,25 +43,10 @@ std::shared_ptr<const Picture> EmoticonReplacer::pictureFor(const QString &name,
 {
     auto &picture = m_pictures[QString(code + u'\n' + name)];
     if (!picture) {
-        if (const QImage image = onGround(u'e' + name); !image.isNull()) {
+        const QRgb seen = qRgb(m_ground & 0xFF, (m_ground >> 8) & 0xFF, (m_ground >> 16) & 0xFF);
+        if (const QImage image = m_imgList.imageOn(u'e' + name, seen); !image.isNull()) {
             picture = std::make_shared<const Picture>(Picture{image, code.toString(), name});
         }
     }
     return picture;
-}
-
-QImage EmoticonReplacer::onGround(const QString &key) const
-{
-    QImage image = m_imgList.image(key);
-    const std::optional<QRgb> mask = m_imgList.maskColour();
-    if (image.isNull() || !mask) {
-        return image;
-    }
-    const QRgb seen = qRgb(m_ground & 0xFF, (m_ground >> 8) & 0xFF, (m_ground >> 16) & 0xFF);
-    image = image.convertToFormat(QImage::Format_ARGB32);
-    for (int y = 0; y < image.height(); ++y) {
-        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        std::replace(line, line + image.width(), *mask | 0xFF000000, seen);
-    }
-    return image;
 }

@@ -23,7 +23,6 @@ public:
 
 private:
     [[nodiscard]] std::shared_ptr<const Picture> pictureFor(const QString &name, QStringView code);
-    [[nodiscard]] QImage onGround(const QString &key) const;
 
     const Options &m_options;
     EmoticonFile &m_emoticons;

@@ -9,6 +9,7 @@
 #include "core/shared_state.h"
 #include "emotions/built_in_pictures.h"
 #include "emotions/emoticon_file.h"
+#include "emotions/frmEmotShow.h"
 #include "link/frmComms.h"
 #include "platform/addresses.h"
 #include "platform/prompts.h"
@@ -27,7 +28,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QSet>
+#include <QTextDocument>
 #include <QTreeWidget>
 
 #include <optional>
@@ -48,6 +49,7 @@ frmMain::frmMain(SharedState &state, Options &options, frmComms &link, Prompts &
       m_commandLine(commandLine),
       m_looks(looks),
       m_controls(*this),
+      m_banner(looks.banner, *this),
       m_composeBox(m_controls, prompts),
       m_messages(*m_controls.rtfMsgs, options, m_skinColours, looks.emoticons, imgList),
       m_session(*m_controls.rtfMsgs, prompts, this),
@@ -61,6 +63,7 @@ frmMain::frmMain(SharedState &state, Options &options, frmComms &link, Prompts &
     setObjectName(QStringLiteral("frmMain"));
     setMinimumSize(roomMinimumSize);
     setRoomCaption({});
+    m_controls.imgBanner = m_banner.imgBanner();
     connectControls();
     resize(designedSize);
     frmMain::SetupFormSkin();
@@ -81,6 +84,7 @@ void frmMain::connectControls()
     c.grdUserList->viewport()->installEventFilter(this); // the mouse
     c.grdUserList->installEventFilter(this);             // the menu key
     connect(c.rtfMsgs, &RichEdit::linkActivated, this, &frmMain::addressActivated);
+    connect(&m_banner, &Banner::linkActivated, this, &frmMain::addressActivated);
     connect(c.smdSend, &QAbstractButton::clicked, this, &frmMain::send);
     connect(c.rtfText, &QLineEdit::returnPressed, this, &frmMain::send);
     connect(c.smdMenu, &QAbstractButton::clicked, this, &frmMain::showMenu);
@@ -108,6 +112,7 @@ void frmMain::connectControls()
         Form_Resize();
     });
     connect(&m_exitRoad, &ExitRoad::ended, this, [this] {
+        delete m_palette;
         m_exited = true;
         close();
         Q_EMIT exited();
@@ -148,6 +153,11 @@ void frmMain::takeComposeLook()
     m_messages.setInputBox(m_controls.rtfText->font(), {m_options.MMTC, m_options.MMBC});
 }
 
+void frmMain::takeOptions()
+{
+    takeComposeLook();
+}
+
 void frmMain::fillEmotions()
 {
     LoadEmotions(Emotions, pagesFolder(QCoreApplication::applicationDirPath()) + u'/'); // those that ship
@@ -180,7 +190,16 @@ void frmMain::activateFirst()
 {
     DrawUserList();
     m_link.GetPyloxUsers();
-    m_lifecycle.joinFrom(m_commandLine);
+    if (m_lifecycle.joinFrom(m_commandLine) && m_commandLine.showCategories()) {
+        browse();
+    }
+}
+
+/// The directory may have pointed the shared state at another room.
+void frmMain::browse()
+{
+    Q_EMIT directoryRequested();
+    m_lifecycle.EnterRoom();
 }
 
 void frmMain::closeEvent(QCloseEvent *event)
@@ -224,7 +243,7 @@ const clsChatters *frmMain::selectedMember() const
     if (rows.isEmpty()) {
         return nullptr;
     }
-    const auto member = m_chatters.Item(positionOf(*rows.first()));
+    const auto member = m_chatters.Item(positionOf(*rows.first(), m_chatters));
     return member == nullptr || member->ID == m_state.MyUserID ? nullptr : member.get();
 }
 
@@ -249,43 +268,49 @@ void frmMain::describeEmotion(const QString &name)
     const clsChatters *member = selectedMember();
     const QString text = filledIn(emotionText(*emotion, member), m_state.MyNickname,
                                   member == nullptr ? QString() : member->Nickname);
-    m_controls.lstEmotions->setToolTip(text.toHtmlEscaped());
+    m_controls.lstEmotions->setToolTip(
+        Qt::mightBeRichText(text) ? QString(u"<qt>" % text.toHtmlEscaped() % u"</qt>") : text);
 }
 
 void frmMain::showMenu()
 {
-    QMenu menu(tr("Main Menu"), this);
-    dressMenu(menu, skin());
-    menu.setAccessibleName(menu.title());
-    QAction *leave = menu.addAction(tr("Leave Room"), this, [this] { m_lifecycle.LeaveRoom(true); });
+    auto *menu = new QMenu(tr("Main Menu"), this); // not here: an entry may outlast the window
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    dressMenu(*menu, skin());
+    menu->setAccessibleName(menu->title());
+    menu->addAction(tr("Join/Create Room"), this, &frmMain::browse);
+    QAction *leave = menu->addAction(tr("Leave Room"), this, [this] { m_lifecycle.LeaveRoom(true); });
     leave->setEnabled(m_state.InRoom && !m_state.IsRoomOwner);
-    QAction *closeRoom = menu.addAction(tr("Close Room"), this, [this] { m_lifecycle.CloseRoom(true); });
+    QAction *closeRoom = menu->addAction(tr("Close Room"), this, [this] { m_lifecycle.CloseRoom(true); });
     closeRoom->setEnabled(m_state.InRoom && m_state.IsRoomOwner);
-    menu.addSeparator();
-    menu.addAction(tr("Save Session"), &m_session, &SessionCommands::save);
-    menu.addAction(tr("Print Session"), &m_session, &SessionCommands::print);
-    menu.addSeparator();
-    menu.addAction(tr("Help"), this, [this] { Q_EMIT helpRequested(QStringLiteral("using_chat")); });
-    menu.exec(m_controls.smdMenu->mapToGlobal(QPoint(0, -menu.sizeHint().height())));
+    menu->addSeparator();
+    menu->addAction(tr("Program Options"), this, &frmMain::optionsRequested);
+    menu->addSeparator();
+    menu->addAction(tr("Save Session"), &m_session, &SessionCommands::save);
+    menu->addAction(tr("Print Session"), &m_session, &SessionCommands::print);
+    menu->addSeparator();
+    menu->addAction(tr("Help"), this, [this] { Q_EMIT helpRequested(QStringLiteral("using_chat")); });
+    menu->popup(m_controls.smdMenu->mapToGlobal(QPoint(0, -menu->sizeHint().height())));
 }
 
-/// The emoticons that there are both a code and a picture for.
 void frmMain::showEmoticons()
 {
-    QMenu menu(tr("Emoticons"), this);
-    dressMenu(menu, skin());
-    menu.setAccessibleName(menu.title());
-    QSet<QString> names;
-    for (const EmoticonEntry &row : m_looks.emoticons.table().Rows()) {
-        const QString key = u'e' + row.Name;
-        if (imgList.index(key) > 0 && !names.contains(key)) {
-            names.insert(key);
-            menu.addAction(QPixmap::fromImage(imgList.image(key)), row.Name, this,
-                           [this, key] { m_composeBox.WriteEmotion(key, m_looks.emoticons.table()); });
-        }
+    if (m_palette != nullptr) {
+        m_palette->close();
+        return;
     }
-    menu.exec(m_controls.smdEmoticon->mapToGlobal(QPoint(0, -menu.sizeHint().height())));
-    m_controls.rtfText->setFocus();
+    m_palette = new frmEmotShow(imgList, skin().ChatRoom(RoomItem::EmoticonToWebsite).bitmap(), this);
+    connect(m_palette, &frmEmotShow::picked, this, &frmMain::takeEmoticon);
+    m_palette->ShowEmotions(*m_controls.smdEmoticon);
+}
+
+void frmMain::takeEmoticon(const QString &key)
+{
+    if (key == frmEmotShow::webKey) {
+        Q_EMIT emoticonHelpRequested();
+    } else {
+        m_composeBox.WriteEmotion(key, m_looks.emoticons.table());
+    }
 }
 
 /// The right button opens the menu of a member; of one who waits for approval the left one does too.
@@ -294,7 +319,7 @@ bool frmMain::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_controls.grdUserList->viewport() && event->type() == QEvent::MouseButtonRelease) {
         const auto *mouse = static_cast<QMouseEvent *>(event);
         const QModelIndex row = m_controls.grdUserList->indexAt(mouse->position().toPoint());
-        const auto member = m_chatters.Item(positionOf(row));
+        const auto member = m_chatters.Item(positionOf(row, m_chatters));
         if (mouse->button() == Qt::RightButton || (member != nullptr && member->Pending)) {
             showMemberMenu(row, mouse->globalPosition().toPoint());
         }
@@ -315,7 +340,7 @@ void frmMain::showMemberMenuByKey()
 
 void frmMain::showMemberMenu(const QModelIndex &row, QPoint globalPlace)
 {
-    const MemberMenu member = memberMenu(m_chatters, positionOf(row), m_state);
+    const MemberMenu member = memberMenu(m_chatters, positionOf(row, m_chatters), m_state);
     if (member.entries.isEmpty()) {
         return;
     }
@@ -350,7 +375,7 @@ void frmMain::clearBoard()
 
 void frmMain::DrawUserList()
 {
-    drawMemberList(*m_controls.grdUserList, m_chatters, m_state, memberLooks());
+    m_memberFrames.request();
 }
 
 MemberLooks frmMain::memberLooks() const
@@ -369,14 +394,7 @@ void frmMain::setRoomCaption(const QString &caption)
     setWindowTitle(caption.isEmpty() ? QStringLiteral("Pylox Chat") : caption);
 }
 
-/// Until private conversations have windows of their own, they are lines of the board.
-void frmMain::ReceivePrivateMessage([[maybe_unused]] const QString &id, const QString &name,
-                                    const QString &body)
+void frmMain::ReceivePrivateMessage(const QString &id, const QString &name, const QString &body)
 {
-    for (qsizetype start = 0, end = 0; (end = body.indexOf(itemEnd, start)) >= 0; start = end + 1) {
-        const QString item = body.sliced(start, end - start);
-        if (item.startsWith(u"<SMSG>")) {
-            AddMessage(item.sliced(6), MessageKind::Member, name + u" (private)");
-        }
-    }
+    Q_EMIT privateMessageReceived(id, name, body);
 }

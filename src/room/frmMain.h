@@ -4,10 +4,12 @@
 #include "emotions/colEmotions.h"
 #include "platform/image_list.h"
 #include "room/admission.h"
+#include "room/banner.h"
 #include "room/colChatters.h"
 #include "room/compose_box.h"
 #include "room/composing.h"
 #include "room/exit_road.h"
+#include "room/frame_pacer.h"
 #include "room/member_list.h"
 #include "room/member_menu.h"
 #include "room/message_board.h"
@@ -18,10 +20,13 @@
 #include "room/session_commands.h"
 #include "skin/skinned_window.h"
 
+#include <QPointer>
+
 class CommandLine;
 class EmoticonFile;
 class Prompts;
 class QModelIndex;
+class frmEmotShow;
 class SavedSettings;
 class frmComms;
 struct Options;
@@ -33,7 +38,8 @@ struct RoomLooks
     SkinInUse &skin;
     LoadedWindows &windows;
     EmoticonFile &emoticons;
-    SavedSettings &saved; ///< has been loaded
+    SavedSettings &saved;  ///< has been loaded
+    BannerSource banner{}; ///< of nothing
 };
 
 /// The room window: it owns its controls and the classes that do the work, and passes on what the user does.
@@ -57,9 +63,26 @@ public:
     void setRoomCaption(const QString &caption) override;
     void ReceivePrivateMessage(const QString &id, const QString &name, const QString &body) override;
 
+    // What the other windows need of the room.
+    [[nodiscard]] RoomLifecycle &lifecycle() { return m_lifecycle; }
+    [[nodiscard]] MessageBoard &messages() { return m_messages; }
+    /// The box that the user writes in.
+    [[nodiscard]] const QLineEdit &rtfText() const { return *m_controls.rtfText; }
+    [[nodiscard]] ComposeFont composeFont() const { return m_composeBox.font(); }
+    /// The options have changed.
+    void takeOptions();
+
 Q_SIGNALS:
+    /// The user wants to browse the rooms, until the directory is closed.
+    void directoryRequested();
+    /// The user wants to see the options, until they are closed.
+    void optionsRequested();
+    /// A private message for the window of that person, in items; an empty body only opens it.
+    void privateMessageReceived(const QString &id, const QString &name, const QString &body);
     /// The user wants to read how it is used.
     void helpRequested(const QString &anchor);
+    /// The user wants to read about emoticons.
+    void emoticonHelpRequested();
     /// The user has clicked on an address on the board; it is a stranger's.
     void addressActivated(const QUrl &address);
     /// The window has said goodbye to the room and the messenger; the program may end.
@@ -79,6 +102,7 @@ private:
     void fillIcons();
     [[nodiscard]] MemberLooks memberLooks() const;
     void activateFirst();
+    void browse();
     void send();
     void sendEmotion(const QString &name);
     void switchEmotions();
@@ -86,6 +110,7 @@ private:
     [[nodiscard]] const clsChatters *selectedMember() const;
     void showMenu();
     void showEmoticons();
+    void takeEmoticon(const QString &key);
     void showMemberMenu(const QModelIndex &row, QPoint globalPlace);
     void showMemberMenuByKey();
     [[nodiscard]] bool mayClose() const;
@@ -98,6 +123,7 @@ private:
     RoomLooks m_looks;
 
     RoomControls m_controls;
+    Banner m_banner;
     ComposeBox m_composeBox;
     ChatColours m_skinColours;
     ImageList imgList;
@@ -111,6 +137,9 @@ private:
     MemberActions m_memberActions;
     Composing m_composing;
     ExitRoad m_exitRoad;
+    FramePacer m_memberFrames{
+        [this] { drawMemberList(*m_controls.grdUserList, m_chatters, m_state, memberLooks()); }};
+    QPointer<frmEmotShow> m_palette; ///< while it is open
     bool m_shownBefore = false;
     bool m_exited = false;
 };

@@ -94,6 +94,17 @@ void addGroup(QTreeWidget &list, const Group &group, const colChatters &chatters
     heading->setExpanded(true);
 }
 
+/// The member may have moved up since the row was made.
+qsizetype positionNow(qsizetype position, const QString &id, const colChatters &chatters)
+{
+    for (qsizetype at = qMin(position, chatters.Count()); at >= 1; --at) {
+        if (chatters.Item(at)->ID == id) {
+            return at;
+        }
+    }
+    return 0;
+}
+
 } // namespace
 
 void drawMemberList(QTreeWidget &list, const colChatters &chatters, const SharedState &state,
@@ -121,12 +132,12 @@ void drawMemberList(QTreeWidget &list, const colChatters &chatters, const Shared
     list.setUpdatesEnabled(true);
 }
 
-qsizetype positionOf(const QModelIndex &row)
+qsizetype positionOf(const QModelIndex &row, const colChatters &chatters)
 {
-    return row.data(Qt::UserRole).toLongLong();
+    return positionNow(row.data(Qt::UserRole).toLongLong(), row.data(idRole).toString(), chatters);
 }
 
-qsizetype positionOf(const QTreeWidgetItem &row)
+qsizetype positionOf(const QTreeWidgetItem &row, const colChatters &chatters)
 {
-    return row.data(0, Qt::UserRole).toLongLong();
+    return positionNow(row.data(0, Qt::UserRole).toLongLong(), row.data(0, idRole).toString(), chatters);
 }

@@ -27,6 +27,7 @@ struct MemberLooks
 void drawMemberList(QTreeWidget &list, const colChatters &chatters, const SharedState &state,
                     const MemberLooks &looks);
 
-/// The position of the member in this row; 0 for a heading and for no row.
-[[nodiscard]] qsizetype positionOf(const QModelIndex &row);
-[[nodiscard]] qsizetype positionOf(const QTreeWidgetItem &row);
+/// The position that the member of this row has by now; 0 for a heading, for no row, and for a member who has
+/// gone since the list was drawn.
+[[nodiscard]] qsizetype positionOf(const QModelIndex &row, const colChatters &chatters);
+[[nodiscard]] qsizetype positionOf(const QTreeWidgetItem &row, const colChatters &chatters);

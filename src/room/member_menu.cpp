@@ -3,6 +3,7 @@
 #include "link/frmComms.h"
 #include "room/colChatters.h"
 #include "room/member_names.h"
+#include "room/message_text.h"
 #include "room/room_view.h"
 
 namespace {
@@ -41,7 +42,7 @@ MemberMenu memberMenu(const colChatters &chatters, qsizetype position, const Sha
         return {};
     }
     if (!member->Pending) {
-        return {QString(u"User #" % member->ID), position, member->ID, userEntries(*member, state)};
+        return {QString(u"User #" % oneLine(member->ID)), position, member->ID, userEntries(*member, state)};
     }
     if (!state.IsRoomOwner) {
         return {};

@@ -2,15 +2,37 @@
 
 #include "core/shown_name.h"
 
+#include <algorithm>
+
+namespace {
+
+constexpr qsizetype longestName = 200; // a longer one would hold up the drawing of its row
+
+constexpr bool endsLine(QChar c)
+{
+    return c == u'\r' || c == u'\v' || c == u'\f' || c == u'\x85' || c == QChar::LineSeparator ||
+           c == QChar::ParagraphSeparator;
+}
+
+} // namespace
+
 QString oneLine(const QString &name)
 {
-    return withLineFeeds(shownName(name)).replace(u'\n', u' ');
+    QString line = withLineFeeds(shownName(name.left(longestName + 1)));
+    std::ranges::replace_if(
+        line, [](QChar c) { return c.category() == QChar::Other_Control; }, u' ');
+    return line.size() > longestName ? QString(line.left(longestName - 1) % u'…') : line;
 }
 
 QString withLineFeeds(const QString &text)
 {
+    if (std::ranges::none_of(text, endsLine)) {
+        return text;
+    }
     QString lines = text;
-    return lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+    lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    std::ranges::replace_if(lines, endsLine, u'\n');
+    return lines;
 }
 
 QString withoutTags(const QString &text)

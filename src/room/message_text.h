@@ -4,10 +4,11 @@
 
 /// What every rendering of a message does to the words of strangers before it shows them.
 
-/// A name on one line: line ends show as spaces, and what cannot be seen is gone.
+/// A name on one line: line ends show as spaces, what cannot be seen is gone, and of a name that is longer
+/// than any honest one only the beginning is left.
 [[nodiscard]] QString oneLine(const QString &name);
 
-/// The text with plain line feeds for all kinds of line ends.
+/// The text with plain line feeds for all kinds of line ends, those of other writing systems included.
 [[nodiscard]] QString withLineFeeds(const QString &text);
 
 /// The text without the tags "<b>", "<i>" and "<u>".

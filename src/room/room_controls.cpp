@@ -2,6 +2,7 @@
 
 #include "controls/SkinButton.h"
 #include "controls/SkinFrame.h"
+#include "controls/make_control.h"
 #include "platform/rich_edit.h"
 
 #include <QCoreApplication>
@@ -16,34 +17,6 @@ namespace {
 QString tr(const char *text)
 {
     return QCoreApplication::translate("frmMain", text);
-}
-
-/// A child widget under its name, which tests and assistive programs find it by.
-template <typename Widget>
-Widget *make(QWidget &parent, const char16_t *name, const QString &accessibleName)
-{
-    auto *widget = new Widget(&parent);
-    widget->setObjectName(QStringView(name).toString());
-    widget->setAccessibleName(accessibleName);
-    return widget;
-}
-
-/// The caption is what stands on it until a skin brings its own.
-SkinButton *makeButton(QWidget &parent, const char16_t *name, const QString &accessibleName,
-                       const QString &caption = {})
-{
-    auto *button = make<SkinButton>(parent, name, accessibleName);
-    button->setCaption(caption);
-    return button;
-}
-
-/// The title strip's buttons are for the mouse: the keyboard has the window manager's own ways.
-SkinButton *makeSystemButton(QWidget &parent, const char16_t *name, const QString &accessibleName)
-{
-    SkinButton *button = makeButton(parent, name, accessibleName);
-    button->setFocusPolicy(Qt::NoFocus);
-    button->setToolTip(accessibleName);
-    return button;
 }
 
 void setUpMembers(QTreeWidget &list)
@@ -63,10 +36,10 @@ RoomControls::RoomControls(QWidget &window)
       skfUsers(new SkinFrame(&window)),
       skfText(new SkinFrame(&window)),
       skfEmotions(new SkinFrame(&window)),
-      rtfMsgs(make<RichEdit>(window, u"rtfMsgs", tr("Message board"))),
-      grdUserList(make<QTreeWidget>(window, u"grdUserList", tr("Members"))),
-      rtfText(make<QLineEdit>(window, u"rtfText", tr("Message"))),
-      lstEmotions(make<QListWidget>(window, u"lstEmotions", tr("Emotions"))),
+      rtfMsgs(makeControl<RichEdit>(window, u"rtfMsgs", tr("Message board"))),
+      grdUserList(makeControl<QTreeWidget>(window, u"grdUserList", tr("Members"))),
+      rtfText(makeControl<QLineEdit>(window, u"rtfText", tr("Message"))),
+      lstEmotions(makeControl<QListWidget>(window, u"lstEmotions", tr("Emotions"))),
       smdBold(makeButton(window, u"smdBold", tr("Bold"))),
       smdItalic(makeButton(window, u"smdItalic", tr("Italic"))),
       smdUnderline(makeButton(window, u"smdUnderline", tr("Underline"))),

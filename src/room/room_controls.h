@@ -33,4 +33,5 @@ struct RoomControls
     SkinButton *sysClose;
     SkinButton *sysMin;
     SkinButton *sysHelp;
+    QWidget *imgBanner = nullptr; ///< null where there is no banner
 };

@@ -8,6 +8,7 @@
 #include "link/frmComms.h"
 #include "room/colChatters.h"
 #include "room/member_names.h"
+#include "room/message_text.h"
 #include "room/room_lifecycle.h"
 #include "room/room_view.h"
 
@@ -178,7 +179,7 @@ void RoomEvents::ReceiveCommand(const clsXMLMessage &message)
     }
     const QString userId = GetAttribute(*command, u" userid=", {});
     const QString nickname = GetAttribute(*command, u" nick=", {});
-    m_view.AddMessage(u"User '" + nickname + u"' has been kicked from the room!", MessageKind::Error);
+    m_view.AddMessage(u"User '" + oneLine(nickname) + u"' has been kicked from the room!", MessageKind::Error);
     if (userId == m_state.MyUserID) {
         m_lifecycle.LeaveRoom(false);
     }
@@ -224,7 +225,7 @@ void RoomEvents::ReceiveUserOnline(const clsXMLMessage &message)
 {
     const auto nickname = message.value(u"nick");
     if (nickname && m_options.ShowFriendOnline) {
-        m_view.AddMessage(u"Your friend '" + nickname->toString() + u"' has just come online!",
+        m_view.AddMessage(u"Your friend '" + oneLine(nickname->toString()) + u"' has just come online!",
                           MessageKind::FriendOnline);
     }
 }

@@ -117,10 +117,14 @@ void dressRoom(RoomControls &c, clsSkin &face, clsSkinResourceNew &skin)
 void layOutRoom(RoomControls &c, const clsSkin &face, QSize window, bool showEmotions)
 {
     const int leftEdge = face.NonClient(NonClientPart::LeftWidth) + gap;
-    const int top = face.NonClient(NonClientPart::TitleHeight) + gap;
+    const int top = face.NonClient(NonClientPart::TitleHeight) + gap +
+                    (c.imgBanner == nullptr ? 0 : c.imgBanner->height() + gap);
     const int innerBottom = window.height() - face.NonClient(NonClientPart::BottomHeight);
     const int rowTop = innerBottom - c.smdBold->height() - gap;
 
+    if (c.imgBanner != nullptr) {
+        c.imgBanner->move((window.width() - c.imgBanner->width()) / 2, top - gap - c.imgBanner->height());
+    }
     c.skfUsers->resize(usersWidth, 1);
     c.skfUsers->move(window.width() - face.NonClient(NonClientPart::RightWidth) - usersWidth - gap, top);
     const int boardWidth = window.width() - usersWidth - face.NonClient(NonClientPart::SidesWidth) - 3 * gap;

@@ -5,6 +5,7 @@
 #include "link/frmComms.h"
 #include "platform/prompts.h"
 #include "room/colChatters.h"
+#include "room/message_text.h"
 #include "room/room_view.h"
 
 #include <QScopedValueRollback>
@@ -16,11 +17,11 @@ RoomLifecycle::RoomLifecycle(SharedState &state, colChatters &chatters, frmComms
     : m_state(state), m_chatters(chatters), m_link(link), m_view(view), m_prompts(prompts)
 {}
 
-void RoomLifecycle::joinFrom(const CommandLine &commandLine)
+bool RoomLifecycle::joinFrom(const CommandLine &commandLine)
 {
     const auto roomId = commandLine.roomId();
     if (!roomId) {
-        return;
+        return true;
     }
     m_earlyAnswer = {};
     m_state.CurrentRoomID = *roomId;
@@ -29,16 +30,17 @@ void RoomLifecycle::joinFrom(const CommandLine &commandLine)
     m_state.RoomName = commandLine.roomName();
     if (m_link.RequestJoinChannel() == JoinRequest::Sent) {
         EnterRoom();
-        return;
+        return true;
     }
     if (m_link.isShutDown()) {
-        return;
+        return false;
     }
     m_prompts.tell(QStringLiteral("Could not send request to join room!  Please try again."),
                    QStringLiteral("Room Error"), PromptIcon::Stop);
     m_state.InRoom = false;
     m_state.CurrentRoomID = 0;
     m_earlyAnswer = {};
+    return false;
 }
 
 void RoomLifecycle::EnterRoom()
@@ -54,7 +56,7 @@ void RoomLifecycle::EnterRoom()
     }
     m_chatters.RemoveAll();
     if (roomId != 0) {
-        const QString title = m_state.RoomCategory + u" - " + m_state.RoomName;
+        const QString title = oneLine(m_state.RoomCategory + u" - " + m_state.RoomName);
         const bool owner = m_state.IsRoomOwner;
         m_shownRoomId = roomId;
         m_chatters.Add(m_state.MyUserID, m_state.MyNickname, m_state.MyStatus, m_state.MyMood, owner, {},
@@ -109,20 +111,27 @@ void RoomLifecycle::CloseRoom(bool confirm)
            confirm);
 }
 
+/// One question at a time. While it stands, a departure that needs no answer goes its way.
+bool RoomLifecycle::isConfirmed(const Departure &departure)
+{
+    if (m_asking) {
+        return false;
+    }
+    const QScopedValueRollback guard(m_asking, true);
+    return m_prompts.ask(departure.question, departure.caption, PromptIcon::Question, PromptButtons::YesNo) ==
+           PromptAnswer::Yes;
+}
+
 void RoomLifecycle::depart(const Departure &departure, bool confirm)
 {
     const qint32 roomId = m_shownRoomId;
-    if (roomId == 0 || m_departing) {
+    if (roomId == 0 || m_departing || (confirm && !isConfirmed(departure))) {
         return;
+    }
+    if (m_shownRoomId != roomId || m_departing) {
+        return; // gone, or on the way out, while the question stood
     }
     const QScopedValueRollback guard(m_departing, true);
-    if (confirm && m_prompts.ask(departure.question, departure.caption, PromptIcon::Question,
-                                 PromptButtons::YesNo) != PromptAnswer::Yes) {
-        return;
-    }
-    if (m_shownRoomId != roomId) {
-        return; // gone while the question stood
-    }
     const bool done = (m_link.*departure.request)();
     if (m_shownRoomId != roomId) {
         return; // closed or left while the answer was awaited, which has been told

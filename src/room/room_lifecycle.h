@@ -17,8 +17,9 @@ public:
     RoomLifecycle(SharedState &state, colChatters &chatters, frmComms &link, RoomView &view,
                   Prompts &prompts);
 
-    /// Asks to join the room that the command line names, if it names one.
-    void joinFrom(const CommandLine &commandLine);
+    /// Asks to join the room that the command line names, if it names one. False when the request failed; the
+    /// user has been told.
+    bool joinFrom(const CommandLine &commandLine);
 
     /// Sets the window up for the current room; nothing happens when it shows that room already.
     void EnterRoom();
@@ -54,6 +55,7 @@ private:
         QString failure;
     };
 
+    [[nodiscard]] bool isConfirmed(const Departure &departure);
     void depart(const Departure &departure, bool confirm);
 
     SharedState &m_state;
@@ -63,5 +65,6 @@ private:
     Prompts &m_prompts;
     qint32 m_shownRoomId = 0;
     JoinAnswer m_earlyAnswer;
-    bool m_departing = false;
+    bool m_asking = false;    ///< whether to depart
+    bool m_departing = false; ///< the answer is waited for
 };

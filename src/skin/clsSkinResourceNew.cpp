@@ -6,12 +6,12 @@
 
 #include <limits>
 
-void clsSkinResourceNew::Initialize()
+void clsSkinResourceNew::Initialize(FinePictures fine)
 {
     if (!clsMyApp::IsFile(m_myApp.Skin)) {
         return;
     }
-    SkinStorage storage;
+    SkinStorage storage(fine);
     storage.OpenFile(clsMyApp::localPath(m_myApp.Skin));
     for (const SkinSection &section : skinCatalogue()) {
         readSection(storage, section);

@@ -24,7 +24,7 @@ public:
 
     /// Reads the whole skin; the file is not looked at again. Once in an object's life. Throws SkinError for
     /// a file that is not fit to be used.
-    void Initialize();
+    void Initialize(FinePictures fine = FinePictures::Read);
 
     /// The mask colour is noMaskColour where the skin has no picture for it. Two items are actions: the
     /// system buttons are there, as from the beginning, until they are released and again when they have been

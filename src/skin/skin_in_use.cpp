@@ -24,7 +24,7 @@ bool SkinInUse::change()
 {
     auto description = std::make_unique<clsSkinResourceNew>(m_myApp);
     try {
-        description->Initialize();
+        description->Initialize(m_fine);
     } catch (const SkinError &error) {
         m_report(QString(u"skin not used: " % error.reason()));
         return false;

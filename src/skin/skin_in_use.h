@@ -32,6 +32,10 @@ public:
     /// used: the one before stays. Where there is no such file, everything is empty.
     bool change();
 
+    /// Which pictures the next change reads; all of them to begin with.
+    void setFinePictures(FinePictures fine) { m_fine = fine; }
+    [[nodiscard]] FinePictures finePictures() const { return m_fine; }
+
     /// As long as no change happens; windows ask again afterwards.
     [[nodiscard]] clsSkinResourceNew &description() const { return *m_description; }
     [[nodiscard]] WindowFrame frame() const { return m_frame; }
@@ -45,6 +49,7 @@ private:
     const clsMyApp &m_myApp;
     WindowFrame m_frame;
     Report m_report;
+    FinePictures m_fine = FinePictures::Read;
     std::unique_ptr<clsSkinResourceNew> m_description;
     QSet<QString> m_reported; ///< about this skin
 };

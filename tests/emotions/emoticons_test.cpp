@@ -1,4 +1,5 @@
 #include "emotions/emoticon_file.h"
+#include "platform/text_file.h"
 #include "support/text.h"
 
 #include <QFile>
@@ -26,6 +27,18 @@ TEST(Emoticons, TheBuiltInCodes)
         EXPECT_TRUE(table.CheckEmotion(text).isEmpty());
     }
     EXPECT_TRUE(table.GetKeyFromEmotion(u"happy").isEmpty()) << "names are compared exactly";
+}
+
+TEST(Emoticons, TheHelpHasEveryBuiltInCode)
+{
+    const auto page = readTextFile(QStringLiteral(PYLOX_SOURCE_DIR "/share/help/emoticons.html"));
+    ASSERT_TRUE(page);
+    const clsEmoticons table;
+    for (const EmoticonEntry &row : table.Rows()) {
+        const QString cells =
+            u"<td><code>" % row.Key.toHtmlEscaped() % u"</code></td><td>" % row.Name % u"</td>";
+        EXPECT_TRUE(page->contains(cells)) << cells.toStdString();
+    }
 }
 
 TEST(Emoticons, WhatAFileAddsAndRenames)

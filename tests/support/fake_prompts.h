@@ -33,7 +33,14 @@ public:
         return font;
     }
 
+    std::optional<ColourValue> ShowColor(ColourValue current) override
+    {
+        boxes.append(u"Color: " + QString::number(current));
+        return colour;
+    }
+
     QStringList boxes;
+    std::optional<ColourValue> colour; ///< what is chosen; none is Cancel
     std::optional<QFont> font; ///< what is chosen; none is Cancel
     QString file;              ///< what is chosen to be written; empty is Cancel
     PromptAnswer answer = PromptAnswer::Yes;

@@ -21,7 +21,7 @@ void ScriptedMessenger::read()
     }
     m_framer.commit(result.count);
     while (const auto message = m_framer.next()) {
-        answer(QString::fromLatin1(*message));
+        answer(speaksUtf8 ? QString::fromUtf8(*message) : QString::fromLatin1(*message));
     }
 }
 
@@ -29,7 +29,7 @@ void ScriptedMessenger::answer(const QString &message)
 {
     const qsizetype keyStart = message.indexOf(u'"') + 1;
     const qsizetype keyEnd = message.indexOf(u'"', keyStart);
-    const QString key = message.sliced(keyStart, keyEnd - keyStart);
+    const QString key = lastKey = message.sliced(keyStart, keyEnd - keyStart);
     const qsizetype start = message.indexOf(u"/>") + 2;
     const QString request = message.sliced(start, message.lastIndexOf(u"</MSG>") - start);
     requests.append(request);
@@ -39,7 +39,7 @@ void ScriptedMessenger::answer(const QString &message)
         send(QStringLiteral("<MYDETAILS id=\"u1\" nick=\"Ann\" s=\"11\" m=\"7\"/>"), key);
     } else if (m_script) {
         for (QString reply : m_script(request)) {
-            sendRaw(reply.replace(QStringLiteral("{key}"), key).toLatin1() + '\0');
+            sendText(reply.replace(QStringLiteral("{key}"), key));
         }
     }
 }

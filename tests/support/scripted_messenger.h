@@ -30,7 +30,7 @@ public:
     /// Sends one message: the payload in an envelope with this key.
     void send(const QString &payload, const QString &key = QStringLiteral("MSG"))
     {
-        sendRaw(QString(u"<MSG><V mk=\"" + key + u"\"/>" + payload + u"</MSG>").toLatin1() + '\0');
+        sendText(u"<MSG><V mk=\"" + key + u"\"/>" + payload + u"</MSG>");
     }
     void sendRaw(const QByteArray &bytes) { m_client->write(bytes); }
 
@@ -39,12 +39,15 @@ public:
     void resetClient() { m_client->reset(); }
 
     bool answersStartUp = true;
-    QStringList requests; ///< what came, the element inside the envelope only
+    bool speaksUtf8 = false; ///< and not Latin-1
+    QStringList requests;    ///< what came, the element inside the envelope only
+    QString lastKey;         ///< of what came last
 
 private:
     void accept();
     void read();
     void answer(const QString &message);
+    void sendText(const QString &text) { sendRaw((speaksUtf8 ? text.toUtf8() : text.toLatin1()) + '\0'); }
 
     TcpListener m_listener;
     std::unique_ptr<TcpSocket> m_client;

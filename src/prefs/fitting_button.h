@@ -1,0 +1,16 @@
+#pragma once
+
+class QString;
+class SkinButton;
+class clsSkinResourceNew;
+
+/// The ordinary button; its pictures are made wider in their middle where its caption needs more room.
+/// Without a skin it has the size that the desktop gives it.
+void dressFittingButton(SkinButton &button, const clsSkinResourceNew &skin);
+
+/// A button with a sign, by the pictures of those that format what is typed; an ordinary one with its own
+/// caption where the skin has none.
+void dressSignButton(SkinButton &button, const clsSkinResourceNew &skin, const QString &sign);
+
+/// A button that has no skin gets its size from its caption.
+void sizeUndressed(SkinButton &button);
