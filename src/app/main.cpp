@@ -45,7 +45,6 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("PyloxChat"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Pylox Chat"));
     QApplication::setApplicationVersion(QStringLiteral(PYLOX_VERSION));
     QApplication::setQuitOnLastWindowClosed(false); // the program says itself when it has ended
 

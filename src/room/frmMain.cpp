@@ -274,23 +274,43 @@ void frmMain::describeEmotion(const QString &name)
 
 void frmMain::showMenu()
 {
-    auto *menu = new QMenu(tr("Main Menu"), this); // not here: an entry may outlast the window
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    dressMenu(*menu, skin());
-    menu->setAccessibleName(menu->title());
-    menu->addAction(tr("Join/Create Room"), this, &frmMain::browse);
-    QAction *leave = menu->addAction(tr("Leave Room"), this, [this] { m_lifecycle.LeaveRoom(true); });
-    leave->setEnabled(m_state.InRoom && !m_state.IsRoomOwner);
-    QAction *closeRoom = menu->addAction(tr("Close Room"), this, [this] { m_lifecycle.CloseRoom(true); });
-    closeRoom->setEnabled(m_state.InRoom && m_state.IsRoomOwner);
+    QMenu *menu = makeMenu(tr("Main Menu"));
+    addEntry(*menu, tr("Join/Create Room"), &frmMain::browse);
+    addEntry(*menu, tr("Leave Room"), [](frmMain &self) {
+        self.m_lifecycle.LeaveRoom(true);
+    })->setEnabled(m_state.InRoom && !m_state.IsRoomOwner);
+    addEntry(*menu, tr("Close Room"), [](frmMain &self) {
+        self.m_lifecycle.CloseRoom(true);
+    })->setEnabled(m_state.InRoom && m_state.IsRoomOwner);
     menu->addSeparator();
-    menu->addAction(tr("Program Options"), this, &frmMain::optionsRequested);
+    addEntry(*menu, tr("Program Options"), &frmMain::optionsRequested);
     menu->addSeparator();
-    menu->addAction(tr("Save Session"), &m_session, &SessionCommands::save);
-    menu->addAction(tr("Print Session"), &m_session, &SessionCommands::print);
+    addEntry(*menu, tr("Save Session"), [](frmMain &self) { self.m_session.save(); });
+    addEntry(*menu, tr("Print Session"), [](frmMain &self) { self.m_session.print(); });
     menu->addSeparator();
-    menu->addAction(tr("Help"), this, [this] { Q_EMIT helpRequested(QStringLiteral("using_chat")); });
+    addEntry(*menu, tr("Help"),
+             [](frmMain &self) { Q_EMIT self.helpRequested(QStringLiteral("using_chat")); });
     menu->popup(m_controls.smdMenu->mapToGlobal(QPoint(0, -menu->sizeHint().height())));
+}
+
+/// A pop-up menu in the skin's colours; it goes when it is closed.
+QMenu *frmMain::makeMenu(const QString &title)
+{
+    auto *menu = new QMenu(title, this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setAccessibleName(title);
+    dressMenu(*menu, skin());
+    return menu;
+}
+
+/// The entry acts when the menu is done with the key or the click: what waits for the messenger would outlive
+/// the menu inside the menu's own handler.
+QAction *frmMain::addEntry(QMenu &menu, const QString &text, const std::function<void(frmMain &)> &act)
+{
+    QAction *action = menu.addAction(text);
+    connect(
+        action, &QAction::triggered, this, [this, act] { act(*this); }, Qt::QueuedConnection);
+    return action;
 }
 
 void frmMain::showEmoticons()
@@ -344,17 +364,15 @@ void frmMain::showMemberMenu(const QModelIndex &row, QPoint globalPlace)
     if (member.entries.isEmpty()) {
         return;
     }
-    auto *menu = new QMenu(member.title, this);
-    dressMenu(*menu, skin());
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setAccessibleName(menu->title());
+    QMenu *menu = makeMenu(member.title);
     for (const MemberMenuEntry &entry : member.entries) {
         if (entry.action == MemberAction::Separator) {
             menu->addSeparator();
             continue;
         }
-        QAction *action = menu->addAction(
-            entry.text, this, [this, member, what = entry.action] { m_memberActions.perform(what, member); });
+        QAction *action = addEntry(*menu, entry.text, [member, what = entry.action](frmMain &self) {
+            self.m_memberActions.perform(what, member);
+        });
         action->setEnabled(entry.enabled);
         action->setCheckable(entry.checked.has_value());
         action->setChecked(entry.checked.value_or(false));

@@ -22,9 +22,12 @@
 
 #include <QPointer>
 
+#include <functional>
+
 class CommandLine;
 class EmoticonFile;
 class Prompts;
+class QMenu;
 class QModelIndex;
 class frmEmotShow;
 class SavedSettings;
@@ -109,6 +112,8 @@ private:
     void describeEmotion(const QString &name);
     [[nodiscard]] const clsChatters *selectedMember() const;
     void showMenu();
+    [[nodiscard]] QMenu *makeMenu(const QString &title);
+    QAction *addEntry(QMenu &menu, const QString &text, const std::function<void(frmMain &)> &act);
     void showEmoticons();
     void takeEmoticon(const QString &key);
     void showMemberMenu(const QModelIndex &row, QPoint globalPlace);

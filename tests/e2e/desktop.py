@@ -23,7 +23,8 @@ class Desktop:
     """A display, a window manager and a messenger, and a bus for assistive programs if wanted; all end with it.
     The pixels of the screen are in the home folder if they are wanted."""
 
-    def __init__(self, programs, accessible=False, screen_folder=False):
+    def __init__(self, programs, accessible=False, screen_folder=False, messenger_options=()):
+        self.messenger_options = messenger_options
         self.programs = Path(programs)
         self.accessible = accessible
         self.screen_folder = screen_folder
@@ -48,7 +49,8 @@ class Desktop:
         if self.accessible:
             self.set_up_buses()
         self.log = Path(self.home.name) / "messenger.log"
-        self.start([self.programs / "pylox-messenger", "--home", self.home.name, "--verbose"], self.log)
+        messenger = [self.programs / "pylox-messenger", "--home", self.home.name, "--verbose", *self.messenger_options]
+        self.messenger = self.start(messenger, self.log, stdin=subprocess.PIPE)
         wait_for("the messenger listens", lambda: "listening on" in self.said())
 
     def set_up_buses(self):
@@ -69,8 +71,8 @@ class Desktop:
 
     def start(self, command, log=None, **more):
         output = open(log, "wb") if log else subprocess.DEVNULL
-        inputs = {"env": self.environment, "stdin": subprocess.DEVNULL}
-        process = subprocess.Popen(command, stdout=output, stderr=subprocess.STDOUT, **inputs, **more)
+        inputs = {"env": self.environment, "stdin": subprocess.DEVNULL, **more}
+        process = subprocess.Popen(command, stdout=output, stderr=subprocess.STDOUT, **inputs)
         self.running.append(process)
         return process
 
@@ -83,6 +85,11 @@ class Desktop:
             finally:
                 os.close(write)
             return line.readline().strip()
+
+    def command(self, line):
+        """A line at the messenger's console."""
+        self.messenger.stdin.write(line.encode() + b"\n")
+        self.messenger.stdin.flush()
 
     def said(self):
         return self.log.read_text(encoding="utf-8", errors="replace")
