@@ -1,7 +1,8 @@
 #include "directory/frmCategories.h"
 
-#include "controls/dressing.h"
+#include "controls/fitting_button.h"
 #include "controls/make_control.h"
+#include "controls/native_look.h"
 #include "core/clsMyApp.h"
 #include "directory/directory_tree.h"
 #include "link/frmComms.h"
@@ -96,8 +97,10 @@ void frmCategories::SetupFormSkin()
 {
     startTitledSkin();
     for (SkinButton *button : {smdOk, smdCreate, smdCancel}) {
-        dressButton(*button, skin());
+        dressFittingButton(*button, skin());
     }
+    txtFilter->setPalette(boxLook(skin(), palette()));
+    tvCats->setPalette(listLook(skin(), palette()));
     m_model.setGround(tvCats->palette().color(QPalette::Base));
     m_grid.invalidate();
     setMinimumSize(sizeAround(m_grid.minimumSize()));

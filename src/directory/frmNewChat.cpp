@@ -1,7 +1,8 @@
 #include "directory/frmNewChat.h"
 
-#include "controls/dressing.h"
+#include "controls/fitting_button.h"
 #include "controls/make_control.h"
+#include "controls/native_look.h"
 #include "core/attribute_text.h"
 #include "core/clsMyApp.h"
 #include "platform/prompts.h"
@@ -82,8 +83,11 @@ std::optional<RoomDetails> frmNewChat::GetRoomDetails()
 void frmNewChat::SetupFormSkin()
 {
     startTitledSkin();
-    dressButton(*smdOk, skin());
-    dressButton(*smdCancel, skin());
+    dressFittingButton(*smdOk, skin());
+    dressFittingButton(*smdCancel, skin());
+    const QPalette look = boxLook(skin(), palette());
+    txtRoom->setPalette(look);
+    chkPrivate->setPalette(look);
     txtRoom->setMinimumWidth(txtRoom->fontMetrics().averageCharWidth() * shownCharacters);
     m_grid.invalidate();
     setMinimumSize(sizeAround(m_grid.minimumSize()));

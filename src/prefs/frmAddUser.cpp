@@ -1,9 +1,9 @@
 #include "prefs/frmAddUser.h"
 
+#include "controls/fitting_button.h"
 #include "controls/make_control.h"
+#include "controls/native_look.h"
 #include "core/clsMyApp.h"
-#include "prefs/fitting_button.h"
-#include "prefs/native_look.h"
 
 #include <QGridLayout>
 #include <QLabel>

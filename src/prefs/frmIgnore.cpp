@@ -1,19 +1,18 @@
 #include "prefs/frmIgnore.h"
 
+#include "controls/fitting_button.h"
 #include "controls/make_control.h"
+#include "controls/native_look.h"
 #include "core/clsMyApp.h"
 #include "core/shown_name.h"
 #include "core/user_lists.h"
 #include "platform/prompts.h"
-#include "prefs/fitting_button.h"
 #include "prefs/frmAddUser.h"
-#include "prefs/native_look.h"
 #include "room/saved_settings.h"
 
-#include <QCloseEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QRadioButton>
-#include <QShortcut>
 #include <QTreeWidget>
 
 namespace {
@@ -86,9 +85,7 @@ void frmIgnore::connectControls()
     connect(smdRemove, &QAbstractButton::clicked, this, &frmIgnore::removeUser);
     connect(smdOk, &QAbstractButton::clicked, this, &frmIgnore::save);
     connect(smdCancel, &QAbstractButton::clicked, this, &QWidget::close);
-    auto *removeKey = new QShortcut(QKeySequence(Qt::Key_Delete), lvList);
-    removeKey->setContext(Qt::WidgetShortcut);
-    connect(removeKey, &QShortcut::activated, this, &frmIgnore::removeUser);
+    lvList->installEventFilter(this); // the Delete key
 }
 
 void frmIgnore::SetupFormSkin()
@@ -113,7 +110,7 @@ void frmIgnore::SetupFormSkin()
         sizeAround({list.width() + smdRemove->width() + 3 * gap,
                     optType[0]->sizeHint().height() + list.height() + smdOk->height() + 4 * gap});
     setMinimumSize(least);
-    resize(least.expandedTo(isVisible() ? size() : QSize()));
+    resize(least);
 }
 
 void frmIgnore::layOut()
@@ -216,6 +213,17 @@ void frmIgnore::removeUser()
     if (code == chosenList()) {
         delete rowOf(id);
     }
+}
+
+/// The list would look for a user by the key's letter.
+bool frmIgnore::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == lvList && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent *>(event)->key() == Qt::Key_Delete) {
+        removeUser();
+        return true;
+    }
+    return TitledWindow::eventFilter(watched, event);
 }
 
 void frmIgnore::save()

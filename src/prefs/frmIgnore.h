@@ -29,6 +29,7 @@ protected:
     void SetupFormSkin() override;
     void layOut() override;
     void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void setUpList();

@@ -2,9 +2,9 @@
 
 #include "controls/SkinFrame.h"
 #include "controls/dressing.h"
+#include "controls/fitting_button.h"
 #include "controls/make_control.h"
 #include "core/clsMyApp.h"
-#include "prefs/fitting_button.h"
 #include "prefs/frmIgnore.h"
 #include "prefs/options_pages.h"
 #include "room/saved_settings.h"

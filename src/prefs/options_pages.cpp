@@ -1,11 +1,11 @@
 #include "prefs/options_pages.h"
 
 #include "controls/make_control.h"
+#include "controls/native_look.h"
 #include "core/options.h"
 #include "platform/prompts.h"
 #include "platform/text_looks.h"
 #include "prefs/caption_label.h"
-#include "prefs/native_look.h"
 #include "prefs/swatch.h"
 #include "skin/clsSkinResourceNew.h"
 

@@ -15,8 +15,7 @@ class clsSkinResourceNew;
 struct Options;
 
 /// A page of the options dialog: controls with captions beside them; the first of them is the page's for the
-/// keyboard. It stands inside the dialog's frame and
-/// holds nothing but what is to be seen on it.
+/// keyboard. It stands inside the dialog's frame and holds nothing but what is to be seen on it.
 class OptionsPage : public QFrame
 {
     Q_OBJECT

@@ -55,7 +55,8 @@ void frmPrivMsg::connectControls()
     connect(c.txtMsg, &MessageEdit::returnPressed, this, &frmPrivMsg::send);
     connect(c.smdSend, &QAbstractButton::clicked, this, &frmPrivMsg::send);
     connect(c.smdClose, &QAbstractButton::clicked, this, &QWidget::close);
-    connect(c.smdInfo, &QAbstractButton::clicked, this, [this] { m_chat.link.UserDetails(m_peerId); });
+    connect(c.smdInfo, &QAbstractButton::clicked, this,
+            [this] { waitFor([this] { m_chat.link.UserDetails(m_peerId); }); });
     connect(c.rtfConv, &RichEdit::linkActivated, this, &frmPrivMsg::addressActivated);
     connect(c.rtfConv, &RichEdit::scrolled, this, [this](bool atEnd) { m_autoScroll = atEnd; });
 }
@@ -99,7 +100,7 @@ void frmPrivMsg::layOut()
     ArrangeControls(m_controls, clientArea());
 }
 
-/// The box has the colours of the room's, the conversation those of the room's board.
+/// The conversation has the colours of the room's board.
 void frmPrivMsg::takeColours()
 {
     m_controls.rtfConv->setBackgroundColour(toColor(seen(m_chat.options.CMBC)));
@@ -195,26 +196,37 @@ void frmPrivMsg::ShowPrivateMessage(const QString &senderId, const QString &mess
     }
 }
 
-/// What is typed stays until it has arrived. Events go on meanwhile: the window may be closed by then.
+/// Events go on meanwhile: a window that is closed by then goes afterwards, because its controls may be in
+/// use.
+void frmPrivMsg::waitFor(const std::function<void()> &request)
+{
+    const QPointer<frmPrivMsg> self(this);
+    ++m_waits;
+    request();
+    if (self != nullptr && --m_waits == 0 && m_isUnloaded) {
+        finish();
+    }
+}
+
+/// What is typed stays until it has arrived.
 void frmPrivMsg::send()
 {
     const QString text = m_controls.txtMsg->text();
     if (m_sending || withoutControlCharacters(text).isEmpty() || !m_chat.state.InRoom) {
         return;
     }
-    const QPointer<frmPrivMsg> self(this);
-    m_sending = true;
-    const bool arrived = m_chat.link.SendMessage(roomMessageItem(text, m_controls.txtMsg->font()), m_peerId);
-    if (self == nullptr) {
-        return;
-    }
-    m_sending = false;
-    if (arrived) {
-        sent(text);
-    }
-    if (m_isUnloaded) {
-        finish();
-    }
+    waitFor([this, text] {
+        const QPointer<frmPrivMsg> self(this);
+        m_sending = true;
+        const bool arrived =
+            m_chat.link.SendMessage(roomMessageItem(text, m_controls.txtMsg->font()), m_peerId);
+        if (self != nullptr) {
+            m_sending = false;
+            if (arrived) {
+                sent(text);
+            }
+        }
+    });
 }
 
 void frmPrivMsg::sent(const QString &text)
@@ -241,7 +253,7 @@ void frmPrivMsg::closeEvent(QCloseEvent *event)
     m_isUnloaded = true;
     writePlacement(m_chat.settings, m_peerId, *this, m_controls.rtfConv->height());
     Q_EMIT unloaded();
-    if (!m_sending) {
+    if (m_waits == 0) {
         finish();
     }
 }

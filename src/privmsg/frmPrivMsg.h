@@ -4,6 +4,8 @@
 #include "privmsg/private_chat.h"
 #include "privmsg/privmsg_controls.h"
 
+#include <functional>
+
 struct PrivateLook;
 
 /// Who wants a private window: the user, who gets the keyboard there, or a message, which never takes it from
@@ -59,11 +61,10 @@ private:
     void connectSplitter();
     void Load();
     void takeColours();
-    void showDetails();
     void bringToFront(OpenedBy by);
-    void callAttention();
     void append(const QString &senderId, const QString &message);
     [[nodiscard]] PrivateLook look(ColourValue colour) const;
+    void waitFor(const std::function<void()> &request);
     void send();
     void sent(const QString &text);
     void finish();
@@ -74,6 +75,7 @@ private:
     QString m_peerName;
     bool m_isLoaded = false;
     bool m_isUnloaded = false;
+    int m_waits = 0; ///< for answers of the messenger
     bool m_sending = false;
     bool m_dragging = false;  ///< the splitter
     bool m_autoScroll = true; ///< the user has not moved the view back

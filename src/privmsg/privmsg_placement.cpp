@@ -66,7 +66,7 @@ void writePlacement(SettingsFile &settings, const QString &peerId, const QWidget
     }
     const QString section = sectionOf(peerId);
     writeIfNew(settings, QStringLiteral("ConvHeight"), convHeight, section);
-    if (window.isMinimized() || window.isMaximized()) {
+    if (window.isMinimized() || window.isMaximized() || window.isFullScreen()) {
         return;
     }
     writeIfNew(settings, QStringLiteral("Left"), window.x() * twipsPerPixel, section);

@@ -37,7 +37,7 @@ QString shortLine(const QString &text)
     return line.size() > longestName ? QString(line.left(longestName - 1) % u'…') : line;
 }
 
-/// The words of a run: each of their line ends is a line break that the indent follows.
+/// The words of a run, without pictures: each of their line ends is a line break that the indent follows.
 QString wordsOf(QStringView text)
 {
     QString words;
@@ -88,9 +88,7 @@ void writeParagraph(BodyWriter &writer, const RichDocument &source, const Paragr
 {
     qsizetype start = 0;
     for (const Run &run : paragraph.runs()) {
-        if (run.picture == 0) {
-            writer.write(paragraph.text().sliced(start, run.end - start), source.format(run.format));
-        }
+        writer.write(paragraph.text().sliced(start, run.end - start), source.format(run.format));
         start = run.end;
     }
 }

@@ -26,13 +26,12 @@ void SplitStrip::paintEvent(QPaintEvent * /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
+    painter.setBrush(palette().color(QPalette::Active, QPalette::WindowText));
+    painter.setOpacity(0.6);
     if (!isEnabled() || hasFocus()) {
-        painter.setBrush(palette().highlight());
         painter.drawRoundedRect(QRect(0, 0, width(), bar), 2, 2);
         return;
     }
-    painter.setBrush(palette().windowText());
-    painter.setOpacity(0.6);
     for (const int at : {-distance, 0, distance}) {
         painter.drawEllipse(QRectF((width() - dot) / 2.0 + at, (bar - dot) / 2.0, dot, dot));
     }

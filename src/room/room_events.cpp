@@ -139,6 +139,9 @@ void RoomEvents::ReceiveMessage(const clsXMLMessage &message)
         return;
     }
     if (message.value(u"tid").value_or(u"0") != u"0") {
+        if (body.isEmpty()) {
+            return; // would read as the user's own wish to write, whose window gets the keyboard
+        }
         const auto sender = m_chatters.withId(id);
         m_view.ReceivePrivateMessage(id, sender ? displayName(*sender, m_state) : QStringLiteral("UNKNOWN"),
                                      body);
@@ -179,7 +182,8 @@ void RoomEvents::ReceiveCommand(const clsXMLMessage &message)
     }
     const QString userId = GetAttribute(*command, u" userid=", {});
     const QString nickname = GetAttribute(*command, u" nick=", {});
-    m_view.AddMessage(u"User '" + oneLine(nickname) + u"' has been kicked from the room!", MessageKind::Error);
+    m_view.AddMessage(u"User '" + oneLine(nickname) + u"' has been kicked from the room!",
+                      MessageKind::Error);
     if (userId == m_state.MyUserID) {
         m_lifecycle.LeaveRoom(false);
     }

@@ -18,6 +18,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QScrollBar>
 
 namespace {
 
@@ -201,26 +202,28 @@ TEST_F(PrivateWindowsTest, WhatIsTypedStaysUntilItHasArrived)
 
 TEST_F(PrivateWindowsTest, AWindowMayBeClosedWhileItWaits)
 {
-    const Shown bob = writeToBob();
     acknowledges = false;
-    const auto closeAndAnswer = [&](const QString &payload) {
+    for (const bool arrives : {true, false}) {
+        const Shown bob = writeToBob();
+        bob.txtMsg->setPlainText(u"hello"_s);
         QTimer::singleShot(0, [&] { bob.smdClose->click(); });
-        QTimer::singleShot(300, [this, payload] { messenger.send(payload, u"C1"_s); });
-    };
-    bob.txtMsg->setPlainText(u"hello"_s);
-    closeAndAnswer(u"<ACKSM/>"_s);
-    bob.press(Qt::Key_Return, bob.txtMsg);
-    EXPECT_TRUE(eventually([&] { return bob.window == nullptr; }));
-    EXPECT_TRUE(titles().isEmpty() && writeToBob().txtMsg->isEmpty());
-}
-
-TEST_F(PrivateWindowsTest, WhatWasNotSentIsThereAgain)
-{
-    Shown bob = writeToBob();
-    bob.txtMsg->setPlainText(u"not yet"_s);
-    bob.press(Qt::Key_Escape, bob.txtMsg);
-    EXPECT_TRUE(titles().isEmpty());
-    EXPECT_EQ(writeToBob().txtMsg->text(), u"not yet"_s);
+        QTimer::singleShot(300, [&] {
+            EXPECT_TRUE(bob.window != nullptr && titles().isEmpty());
+            if (arrives) {
+                messenger.send(u"<ACKSM/>"_s, u"C1"_s);
+            } else {
+                messenger.closeClient();
+            }
+        });
+        bob.press(Qt::Key_Return, bob.txtMsg);
+        EXPECT_TRUE(eventually([&] { return bob.window == nullptr; }));
+        EXPECT_TRUE(titles().isEmpty());
+        const Shown again = writeToBob();
+        EXPECT_EQ(again.txtMsg->text(), arrives ? u""_s : u"hello"_s) << "what did not arrive is not lost";
+        again.press(Qt::Key_Escape, again.txtMsg);
+        EXPECT_TRUE(titles().isEmpty());
+    }
+    EXPECT_EQ(writeToBob().txtMsg->text(), u"hello"_s);
 }
 
 /// Notes how the last private window came to be shown: this platform activates each of them.
@@ -273,13 +276,12 @@ TEST_F(PrivateWindowsTest, ManyStrangersOpenAFewWindowsAndLoseNothing)
     EXPECT_TRUE(board.toPlainText().startsWith(u"SERVER: Private message from 'S51': hi\n"_s));
     writeToBob();
     EXPECT_EQ(titles().size(), 51) << "the user may";
+    all.UnloadAll();
     for (const QString &id : {u""_s, u"u2\" cid=\"1"_s, u"u2\\"_s}) {
         all.ReceivePrivateMessage(id, u"X"_s, u"<SMSG>hi\1"_s);
         EXPECT_TRUE(board.toPlainText().endsWith(u"SERVER: Private message from 'X': hi"_s));
     }
-    EXPECT_EQ(titles().size(), 51) << "an answer would go elsewhere";
-    all.UnloadAll();
-    EXPECT_TRUE(titles().isEmpty());
+    EXPECT_TRUE(titles().isEmpty()) << "an answer would go elsewhere";
 }
 
 TEST_F(PrivateWindowsTest, PlacementIsKept)
@@ -340,6 +342,26 @@ TEST_F(PrivateWindowsTest, TheSplitterStopsBeforeTheEdges)
     EXPECT_EQ(bob.lblSplit->y(), lowest - 10);
     bob.window->resize(bob.window->minimumSize());
     EXPECT_GE(bob.rtfConv->height(), 40);
+}
+
+TEST_F(PrivateWindowsTest, AViewThatTheUserHasMovedBackStays)
+{
+    const Shown bob = writeToBob();
+    QScrollBar *bar = bob.rtfConv->verticalScrollBar();
+    const auto valueAfter = [&](int count) {
+        for (int message = 0; message < count; ++message) {
+            all.ReceivePrivateMessage(u"u2"_s, u"Bob"_s, u"<SMSG>hi\1"_s);
+        }
+        (void)eventually([] { return false; }, 100);
+        return bar->value();
+    };
+    const int end = valueAfter(30);
+    EXPECT_TRUE(0 < end && end < valueAfter(1));
+    bob.txtMsg->setPlainText(u"being typed"_s);
+    windows.changeSkin();
+    EXPECT_TRUE(end < valueAfter(0) && bob.txtMsg->text() == u"being typed");
+    bar->setValue(10);
+    EXPECT_EQ(valueAfter(1), 10);
 }
 
 TEST_F(PrivateWindowsTest, ButtonsLinksAndHelp)

@@ -1,6 +1,7 @@
 #include "privmsg/privmsg_placement.h"
 #include "privmsg/privmsg_rtf.h"
 #include "richtext/dump.h"
+#include "richtext/rtf_reader.h"
 #include "support/text.h"
 
 #include <QDateTime>
@@ -34,6 +35,12 @@ TEST(PrivateRtf, OwnWordsHaveTheFontsAndTheTagsStyle)
 /// Whatever a stranger sends, it is one paragraph in the message's own look, and stands in from the headers.
 TEST(PrivateRtf, ABodyCannotPoseAsAnythingElse)
 {
+    const QString png =
+        u"89504e470d0a1a0a0000000d49484452000000010000000108000000003a7e9b550000000a49444154789c"
+        "636000000002000148afa4710000000049454e44ae426082"_s; // one pixel
+    RichDocument read;
+    EXPECT_TRUE(readRtf(QString(u"{\\rtf1 {\\pict\\pngblip " + png + u"}}"), read).isOk() &&
+                read.length() == 1);
     const QString bomb = u"{\\rtf1 "_s + u"{"_s.repeated(100'000) + u"x"_s;
     const std::pair<QString, QString> cases[] = {
         {u"{\\rtf1{\\colortbl;\\red1\\green2\\blue3;}{\\pard\\fs99\\b\\cf1\\highlight1\\strike hi}}"_s,
@@ -43,7 +50,7 @@ TEST(PrivateRtf, ABodyCannotPoseAsAnythingElse)
         {u"{\\rtf1 a\\li-900\\fi-900\\qr\\u8233 ?\\u10 ?b}"_s, u"[]a|    b"_s},
         {u"no {\\rtf1 \\b RTF}\r\nAnn\u2028x\x1by\ufffc\u0085"_s,
          u"[]no {\\rtf1 \\b RTF}|    Ann|    xy|    "_s},
-        {u"{\\rtf1 {\\pict\\dibitmap 00}a"_s, u"[]a"_s},
+        {QString(u"{\\rtf1 a{\\pict\\pngblip " + png + u"}b"), u"[]ab"_s},
         {bomb, u""_s},
         {u""_s, u""_s},
     };

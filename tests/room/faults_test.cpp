@@ -1,160 +1,17 @@
-#include "core/options.h"
-#include "emotions/emoticon_file.h"
 #include "link/xml_codec.h"
-#include "platform/rich_edit.h"
-#include "room/frmMain.h"
-#include "room/saved_settings.h"
-#include "skin/skin_in_use.h"
-#include "support/link_fixture.h"
+#include "room/member_list.h"
+#include "support/room_fixture.h"
 
-#include <QAbstractButton>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
-#include <QTreeWidget>
 
 namespace {
 
 const QString connectionClosed = u"SERVER: The connection to Pylox has been closed!"_s;
 
-/// The whole room window, in a room or out of it, with a messenger that does what it should not.
-struct Faults : LinkFixture
-{
-    void SetUp() override
-    {
-        ASSERT_TRUE(settings.WriteValue(u"CodePage"_s, u"utf-8"_s, u"Chat"_s));
-        messenger.speaksUtf8 = true;
-        connectLink();
-        state.MyUserID = u"u1"_s;
-        state.MyNickname = u"Ann"_s;
-        answerWell();
-        QObject::connect(&window, &frmMain::exited, [this] { exited = true; });
-        window.show();
-        ASSERT_TRUE(eventually([this] { return messenger.requests.contains(u"<GETPYLOXUSERS/>"_s); }));
-    }
-
-    static QString goodAnswer(const QString &request)
-    {
-        const std::pair<QString, QString> answers[] = {
-            {u"<CMSG"_s, u"<ACKSM/>"_s},
-            {u"<REQUESTJOINCHANNEL"_s, u"<AJC r=\"0\"/>"_s},
-            {u"<GETCHANNELCONTENTS"_s, u"<KCC r=\"0\" t=\"1\" id=\"u9\"><E id=\"u9\" nm=\"Olga\"/></KCC>"_s},
-        };
-        for (const auto &[start, payload] : answers) {
-            if (request.startsWith(start)) {
-                return reply(payload);
-            }
-        }
-        return reply(u"<KLC r=\"0\"/>"_s);
-    }
-
-    void answerWell()
-    {
-        messenger.answerBy([](const QString &request) { return QStringList{goodAnswer(request)}; });
-    }
-
-    /// Answers well but for requests that begin so; there it only does this.
-    void answerBadly(const QString &start, const std::function<void()> &fault)
-    {
-        messenger.answerBy([=](const QString &request) {
-            if (!request.startsWith(start)) {
-                return QStringList{goodAnswer(request)};
-            }
-            QTimer::singleShot(0, fault);
-            return QStringList();
-        });
-    }
-
-    /// Into room 12 at once, in which there is nobody else yet.
-    void enter(bool owner = false)
-    {
-        state.CurrentRoomID = 12;
-        state.IsRoomOwner = owner;
-        window.lifecycle().EnterRoom();
-        state.InRoom = true;
-    }
-
-    /// Into room 12 by the long way; what comes after the request does not count for the result.
-    bool join()
-    {
-        const bool asked =
-            window.lifecycle().joinFrom(CommandLine(QStringList{u"-cid12"_s, u"-cnmLounge~"_s}));
-        if (asked) {
-            messenger.send(u"<AJC cid=\"12\" r=\"0\" tid=\"u9\"/>"_s);
-        }
-        return asked;
-    }
-
-    /// An unsolicited message, handled when this returns.
-    void receive(const QString &payload)
-    {
-        const QString mark = u"mark %1"_s.arg(++marks);
-        messenger.send(payload);
-        messenger.send(u"<USERONLINE nick=\"" + mark + u"\"/>");
-        ASSERT_TRUE(eventually([&] { return board->toPlainText().contains(mark); }));
-    }
-
-    void type(const QString &words)
-    {
-        QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, words);
-        QCoreApplication::sendEvent(text, &key);
-    }
-
-    /// What is in the box already, or these words. The box is empty afterwards if they were taken.
-    void send(const QString &words = {})
-    {
-        if (!words.isEmpty()) {
-            text->setText(words);
-        }
-        QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s);
-        QCoreApplication::sendEvent(text, &key);
-    }
-
-    void press(const QString &button) { window.findChild<QAbstractButton *>(button)->click(); }
-
-    /// Everything that can be seen of it says that there is no room.
-    [[nodiscard]] bool isInNoRoom() const
-    {
-        return !state.InRoom && state.CurrentRoomID == 0 && window.windowTitle() == u"Pylox Chat" &&
-               window.windowTitle() == u"Pylox Chat" &&
-               eventually([this] { return rows() == QStringList{u"Owner"_s}; });
-    }
-
-    [[nodiscard]] qsizetype shown(const QString &line) const
-    {
-        return board->toPlainText().split(u'\n').count(line);
-    }
-
-    /// Of the member list, headings included.
-    [[nodiscard]] QStringList rows() const
-    {
-        QStringList all;
-        for (QTreeWidgetItemIterator row(list); *row != nullptr; ++row) {
-            all += (*row)->text(0);
-        }
-        return all;
-    }
-
-    [[nodiscard]] qsizetype asked(const QString &start) const
-    {
-        return std::ranges::count_if(messenger.requests,
-                                     [&](const QString &request) { return request.startsWith(start); });
-    }
-
-    Options options;
-    CommandLine commandLine;
-    EmoticonFile emoticons{QString(folder.path() + u"/"_s)};
-    SkinInUse skin{myApp};
-    SavedSettings saved{myApp, options, state.lists};
-    frmMain window{state, options, link, prompts, commandLine, {skin, windows, emoticons, saved}};
-    QLineEdit *text = window.findChild<QLineEdit *>(u"rtfText"_s);
-    RichEdit *board = window.findChild<RichEdit *>(u"rtfMsgs"_s);
-    QTreeWidget *list = window.findChild<QTreeWidget *>(u"grdUserList"_s);
-    int marks = 0;
-    bool exited = false;
-};
+struct Faults : RoomFixture
+{};
 
 struct Breakdown
 {
@@ -391,32 +248,189 @@ TEST_F(Faults, NamesAndIdsOfStrangersAreShownAndNeverObeyed)
         {u"%U%%O%"_s, u"%O% %1 [*]"_s, u"%O% %1 [*]"_s},
         {QString(5000, u'i'), QString(300'000, u'n'), QString(199, u'n') + u"\u2026"},
     };
+    state.RoomName = u"a\u202E\nSERVER: b"_s;
     enter();
-    QStringList members = rows();
+    EXPECT_EQ(window.windowTitle(), u" - a SERVER: b"_s);
+    QStringList members{u"Owner"_s, u"Online"_s};
     for (const auto &[id, name, seen] : strangers) {
         SCOPED_TRACE(id.left(20).toStdString());
         const QString xid = EscapeXML(id);
         const QString xname = EscapeXML(name);
-        const QString me = u"u1"_s;
-        const QStringList before = board->toPlainText().split(u'\n');
+        const qsizetype before = board->document().paragraphCount();
         receive(u"<KCC cid=\"12\" r=\"0\"><E id=\""_s + xid + u"\" nm=\"" + xname + u"\" p=\"1\"/></KCC>" +
-                u"<RCMSG cid=\"12\" id=\"" + xid + u"\">" + EscapeXML(u"<SMSG>hi"_s) + u"\u0001" +
-                EscapeXML(u"<SMSG>a\u2028SERVER: b\nSERVER: c"_s) + u"\u0001" +
-                EscapeXML(QString(u"<EMOT>%U% waves\u0002 user=" + name + u"\u0003")) + u"\u0001</RCMSG>" +
+                u"<RCMSG cid=\"12\" id=\"" + xid + u"\">" +
+                EscapeXML(u"<SMSG>a\u2028SERVER: b\nSERVER: c\u0001"_s) +
+                EscapeXML(QString(u"<EMOT>%U% waves\u0002 user=" + name + u"\u0003\u0001")) + u"</RCMSG>" +
                 u"<RCCMD cid=\"12\" id=\"" + xid + u"\">" +
                 EscapeXML(QString(u"DROPUSER userid=x\u0003 nick=" + name + u"\u0003")) + u"</RCCMD>" +
                 u"<USERONLINE nick=\"" + xname + u"\"/>");
-        const QString named = name.size() > 200 || !seen.contains(u"unseen"_s) ? seen : u""_s;
-        const QStringList lines = board->toPlainText().split(u'\n').sliced(before.size() - 1);
-        EXPECT_EQ(lines.join(u'|').left(5000),
-                  (QStringList{u"SERVER: User "_s + seen + u" has entered the room.", seen + u": hi",
-                               seen + u": a\u2028    SERVER: b\u2028    SERVER: c", named + u" waves",
-                               u"SERVER: User '"_s + named + u"' has been kicked from the room!",
-                               u"PYLOX: Your friend '"_s + named + u"' has just come online!"})
-                      .join(u'|')
-                      .left(5000));
+        const QString alone = seen == u"unseen" ? u""_s : seen; // where there is no id to show instead
+        EXPECT_EQ(paragraphs(before).first(5),
+                  (QStringList{QString(u"SERVER: User " + seen + u" has entered the room."),
+                               QString(seen + u": a\u2028    SERVER: b\u2028    SERVER: c"),
+                               QString(alone + u" waves"),
+                               QString(u"SERVER: User '" + alone + u"' has been kicked from the room!"),
+                               QString(u"PYLOX: Your friend '" + alone + u"' has just come online!")}));
         members += seen;
+        EXPECT_TRUE(eventually([&] { return rows().sliced(0, members.size()) == members; }, 1000))
+            << rows().join(u'|').toStdString();
     }
+}
+
+/// The right button on the member whose row has this name; the title of the menu that opens.
+QString titleOfMenuOn(frmMain &window, QTreeWidget &list, const QString &name)
+{
+    const QTreeWidgetItem *row = list.findItems(name, Qt::MatchExactly | Qt::MatchRecursive).value(0);
+    const QPointF place = list.visualItemRect(row).center();
+    QMouseEvent release(QEvent::MouseButtonRelease, place, place, Qt::RightButton, {}, {});
+    QCoreApplication::sendEvent(list.viewport(), &release);
+    QMenu *menu = window.findChild<QMenu *>();
+    const QString title = menu == nullptr ? QString() : menu->findChild<QLabel *>()->text();
+    delete menu;
+    return title;
+}
+
+TEST_F(Faults, TheMenuIsThatOfTheMemberWhoseRowIsSeen)
+{
+    enter();
+    receive(u"<KCC cid=\"12\" r=\"0\"><E id=\"u2\" nm=\"Bob\"/><E id=\"u3\" nm=\"Cid\"/>"
+            "<E id=\"\u202E&\\<b\\>\n4\" nm=\"Dora\"/></KCC>"_s);
+    EXPECT_TRUE(eventually([this] { return rows().contains(u"Dora"_s); }));
+    EXPECT_EQ(titleOfMenuOn(window, *list, u"Dora"_s), u"User #&<b> 4"_s);
+    QStringList titles;
+    const QObject here;
+    QObject::connect(&window, &frmMain::privateMessageReceived, &here, [&, this] { // before the next frame
+        titles += {titleOfMenuOn(window, *list, u"Bob"_s), titleOfMenuOn(window, *list, u"Cid"_s)};
+    });
+    receive(u"<KCC cid=\"12\" r=\"0\"><E id=\"u2\" p=\"0\"/></KCC><RCMSG id=\"u9\" tid=\"u1\"/>"_s);
+    EXPECT_EQ(titles, (QStringList{u""_s, u"User #u3"_s})) << "Bob has gone";
+}
+
+TEST_F(Faults, EveryPrivateMessageOfAFloodArrivesOnceAndInOrder)
+{
+    QStringList sent;
+    QStringList received;
+    QByteArray flood;
+    for (int at = 0; at < 3000; ++at) {
+        sent += u"<SMSG>%1\u0001<EMOT>%1\u0001"_s.arg(at);
+        flood += event(u"<RCMSG cid=\"99\" id=\"u5\" tid=\"u1\">" + EscapeXML(sent.last()) + u"</RCMSG>")
+                     .toUtf8() +
+                 '\0';
+    }
+    const QObject here;
+    QObject::connect(&window, &frmMain::privateMessageReceived, &here,
+                     [&](const QString &, const QString &, const QString &body) { received += body; });
+    enter();
+    const QString before = board->toPlainText();
+    messenger.sendRaw(flood);
+    EXPECT_TRUE(eventually([&] { return received.size() >= sent.size(); }));
+    receive({});
+    EXPECT_EQ(received, sent);
+    EXPECT_TRUE(board->toPlainText().startsWith(before + u"\nPYLOX: "_s)) << "no word of them in the room";
+}
+
+/// How long the event loop was busy at a stretch, at the longest.
+class LongestTurn
+{
+public:
+    /// Does this as well, about every millisecond.
+    explicit LongestTurn(const std::function<void()> &also = [] {})
+    {
+        m_timer.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&m_timer, &QTimer::timeout, [this, also] {
+            m_longest = std::max(m_longest, m_since.restart());
+            also();
+        });
+        m_since.start();
+        m_timer.start(1);
+    }
+    [[nodiscard]] qint64 milliseconds() const { return m_longest; }
+
+private:
+    QTimer m_timer;
+    QElapsedTimer m_since;
+    qint64 m_longest = 0;
+};
+
+TEST_F(Faults, ABurstOfMessagesWhileTheUserWritesAndReads)
+{
+    constexpr int count = 50'000;
+    enter();
+    receive(u"<KCC cid=\"12\" r=\"0\"><E id=\"u2\" nm=\"Bob\"/></KCC>"_s);
+    const qsizetype first = board->document().paragraphCount();
+    QByteArray burst;
+    QStringList lines;
+    for (int at = 0; at < count; ++at) {
+        const QString words = u"line %1 of a long evening and so on"_s.arg(at);
+        lines += u"Bob: " + words;
+        burst += event(u"<RCMSG cid=\"12\" id=\"u2\">\\<SMSG\\>" + words + u"\u0001</RCMSG>").toUtf8() + '\0';
+    }
+    messenger.sendRaw(burst);
+    QString typed;
+    std::optional<qsizetype> held; // the paragraph at the top once the user has scrolled back
+    qsizetype moved = 0;
+    const LongestTurn longest([&, this] {
+        const qsizetype arrived = board->document().paragraphCount() - first;
+        typed += QChar(static_cast<char16_t>(u'a' + arrived % 26));
+        type(typed.last(1));
+        if (arrived < count / 2) {
+            QScrollBar *bar = board->verticalScrollBar();
+            bar->setValue(typed.size() % 2 == 0 ? bar->maximum() : bar->maximum() / 2);
+        } else if (!held) {
+            board->verticalScrollBar()->setValue(board->verticalScrollBar()->maximum() / 3);
+            held = board->placeAt({9, 9}).paragraph;
+        } else if (board->placeAt({9, 9}).paragraph != *held) {
+            ++moved;
+        }
+    });
+    EXPECT_TRUE(eventually([&] { return board->document().paragraphCount() - first >= count; }, 50'000));
+    RecordProperty("longest_turn_ms", static_cast<int>(longest.milliseconds()));
+    EXPECT_EQ(paragraphs(first), lines);
+    EXPECT_EQ(text->text(), typed);
+    EXPECT_TRUE(typed.size() > 20 && held && *held > 1000 && moved == 0 && !board->isAtEnd());
+}
+
+TEST_F(Faults, AThousandJoinsAreDrawnOnceAFrame)
+{
+    enter();
+    QByteArray joins;
+    for (int at = 0; at < 1000; ++at) {
+        joins += event(u"<KCC cid=\"12\" r=\"0\"><E id=\"m%1\" nm=\"Member %1\" p=\"1\"/></KCC>"_s.arg(at))
+                     .toUtf8() +
+                 '\0';
+    }
+    int draws = 0;
+    const QObject here;
+    QObject::connect(list->model(), &QAbstractItemModel::modelReset, &here, [&] { ++draws; });
+    QElapsedTimer elapsed;
+    elapsed.start();
+    messenger.sendRaw(joins);
+    const LongestTurn longest;
+    EXPECT_TRUE(eventually([this] { return rows().size() == 1004; }));
+    EXPECT_LE(draws, elapsed.elapsed() / 16 + 2);
+    RecordProperty("longest_turn_ms", static_cast<int>(longest.milliseconds()));
+
+    // Where the user is in the list, the next redraw leaves the user.
+    QTreeWidgetItem *chosen = list->findItems(u"Member 700"_s, Qt::MatchRecursive).value(0);
+    list->setCurrentItem(chosen);
+    list->verticalScrollBar()->setValue(400);
+    const QString top = list->itemAt(QPoint(40, 5))->text(0);
+    draws = 0;
+    elapsed.start();
+    window.DrawUserList();
+    EXPECT_TRUE(eventually([&] { return draws == 1; }));
+    RecordProperty("redraw_ms", static_cast<int>(elapsed.elapsed()));
+    EXPECT_EQ(list->itemAt(QPoint(40, 5))->text(0), top);
+    EXPECT_EQ(list->currentItem()->text(0), u"Member 700"_s);
+
+    colChatters chatters;
+    for (int at = 0; at < 1000; ++at) {
+        chatters.Add(u"m%1"_s.arg(at), u"Member %1"_s.arg(at), 11, 7, false, {}, {}, false, {});
+    }
+    const ImageList pictures;
+    elapsed.start();
+    drawMemberList(*list, chatters, state, {pictures, {}, {}, {}, {}});
+    RecordProperty("rebuild_us", static_cast<int>(elapsed.nsecsElapsed() / 1000));
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "prefs/native_look.h"
+#include "controls/native_look.h"
 
 #include "skin/clsSkinResourceNew.h"
 

@@ -1,4 +1,4 @@
-#include "prefs/fitting_button.h"
+#include "controls/fitting_button.h"
 
 #include "controls/SkinButton.h"
 #include "controls/dressing.h"
@@ -15,6 +15,8 @@ struct PictureOf
     ButtonState state;
     Item item;
 };
+template <typename Item>
+PictureOf(ButtonState, Item) -> PictureOf<Item>;
 
 constexpr std::array ordinaryPictures = {PictureOf{ButtonState::Normal, ButtonItem::Normal},
                                          PictureOf{ButtonState::Over, ButtonItem::Over},
