@@ -1,6 +1,7 @@
 #include "privmsg/frmPrivMsg.h"
 
 #include "controls/SkinButton.h"
+#include "controls/native_look.h"
 #include "core/attribute_text.h"
 #include "core/clock.h"
 #include "core/options.h"
@@ -35,7 +36,8 @@ ColourValue seen(ColourValue colour)
 frmPrivMsg::frmPrivMsg(const WindowDress &dress, const PrivateChat &chat)
     : TitledWindow(dress, {u"frmPrivMsg", u"chat_privmsg", WindowDragging::Room, Qt::Window}, nullptr),
       m_chat(chat),
-      m_controls(*this)
+      m_controls(*this),
+      m_boxColours(chat.rtfText.palette())
 {
     m_controls.txtMsg->setFont(m_chat.rtfText.font());
     frmPrivMsg::SetupFormSkin();
@@ -100,11 +102,17 @@ void frmPrivMsg::layOut()
     ArrangeControls(m_controls, clientArea());
 }
 
-/// The conversation has the colours of the room's board.
+/// The conversation has the colours of the room's board, the box those of the room's.
 void frmPrivMsg::takeColours()
 {
-    m_controls.rtfConv->setBackgroundColour(toColor(seen(m_chat.options.CMBC)));
-    m_controls.rtfConv->setTextColour(toColor(seen(m_chat.options.CMTC)));
+    QPalette look = boxLook(skin(), palette());
+    look.setColor(QPalette::Base, toColor(seen(m_chat.options.CMBC)));
+    look.setColor(QPalette::Text, toColor(seen(m_chat.options.CMTC)));
+    m_controls.rtfConv->setPalette(look);
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::Base}) {
+        look.setColor(role, m_boxColours.color(role));
+    }
+    m_controls.txtMsg->setPalette(look);
 }
 
 void frmPrivMsg::SetupPrivateSession(const QString &id, const QString &name, OpenedBy by)
@@ -128,11 +136,6 @@ void frmPrivMsg::Load()
 {
     setWindowTitle(QString(m_peerName % tr(" - Private Message")));
     takePlacement(*this, readPlacement(m_chat.settings, m_peerId));
-    QPalette palette;
-    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::Base}) {
-        palette.setColor(role, m_chat.rtfText.palette().color(role));
-    }
-    m_controls.txtMsg->setPalette(palette);
     QFont font(m_chat.rtfText.font().family());
     font.setPointSizeF(wholeHalfPoints(m_chat.rtfText.font()) / 2.0);
     m_controls.rtfConv->setFont(font);

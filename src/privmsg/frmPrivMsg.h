@@ -71,6 +71,7 @@ private:
 
     PrivateChat m_chat;
     PrivateControls m_controls;
+    QPalette m_boxColours; ///< of the room's box when the window was made
     QString m_peerId;
     QString m_peerName;
     bool m_isLoaded = false;

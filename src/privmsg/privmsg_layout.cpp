@@ -2,6 +2,7 @@
 
 #include "controls/SkinButton.h"
 #include "controls/dressing.h"
+#include "controls/fitting_button.h"
 #include "platform/rich_edit.h"
 #include "platform/text_looks.h"
 #include "privmsg/message_edit.h"
@@ -50,18 +51,11 @@ int widthOf(const QLabel &label, int letters)
     return widthOf(label, QString(letters, u'n'));
 }
 
-/// A button that has no skin is as large as its caption wants.
-void resizeUndressed(SkinButton &button)
-{
-    if (!button.isFinished()) {
-        button.resize(button.sizeHint());
-    }
-}
-
 void dressInfo(SkinButton &smdInfo, clsSkinResourceNew &skin)
 {
     skin.MessagingForm(PrivateItem::AcquireInfoButton);
     dressInfoButton(smdInfo, skin);
+    sizeUndressed(smdInfo);
     skin.MessagingForm(PrivateItem::ReleaseInfoButton);
 }
 
@@ -134,12 +128,9 @@ int detailsWidth(const PrivateControls &c, int nameLetters)
 
 void dressPrivate(const PrivateControls &c, clsSkinResourceNew &skin)
 {
-    dressButton(*c.smdClose, skin);
-    dressButton(*c.smdSend, skin);
+    dressFittingButton(*c.smdClose, skin);
+    dressFittingButton(*c.smdSend, skin);
     dressInfo(*c.smdInfo, skin);
-    for (SkinButton *button : {c.smdInfo, c.smdSend, c.smdClose}) {
-        resizeUndressed(*button);
-    }
     for (std::size_t at = 0; at < c.lblDetails.size(); ++at) {
         dressLabel(*c.lblDetailsC[at], skin, FormItem::BoldFont, FormItem::BoldForeColour,
                    FormItem::BackColour);
