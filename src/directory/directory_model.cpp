@@ -51,16 +51,19 @@ double luminance(const QColor &colour)
            0.0722 * linear(colour.blueF());
 }
 
+double contrast(double light, double dark)
+{
+    return (light + 0.05) / (dark + 0.05);
+}
+
 /// On a dark ground, the colour with as much white as it needs to be read.
 QColor readableOn(const QColor &ground, const QColor &ink)
 {
     constexpr double darkest = 0.18; // middle grey
-    constexpr double leastContrast = 4.5;
-    const double groundLight = luminance(ground);
+    const double dark = luminance(ground);
+    const double wanted = qMin(6.0, 0.7 * contrast(1, dark));
     QColor tint = ink;
-    for (int white = 1; white <= 10 && groundLight < darkest &&
-                        (luminance(tint) + 0.05) / (groundLight + 0.05) < leastContrast;
-         ++white) {
+    for (int white = 1; white <= 10 && dark < darkest && contrast(luminance(tint), dark) < wanted; ++white) {
         const auto mixed = [&](int part) { return part + (255 - part) * white / 10; };
         tint = QColor(mixed(ink.red()), mixed(ink.green()), mixed(ink.blue()));
     }

@@ -1,5 +1,7 @@
 #include "directory/frmCategories.h"
 
+#include "controls/SkinFrame.h"
+#include "controls/dressing.h"
 #include "controls/fitting_button.h"
 #include "controls/make_control.h"
 #include "controls/native_look.h"
@@ -29,6 +31,7 @@ frmCategories::frmCategories(const WindowDress &dress, SharedState &state, frmCo
       m_prompts(prompts),
       m_entry(*this, state, link, lifecycle, prompts),
       txtFilter(makeControl<QLineEdit>(*this, u"txtFilter", tr("Filter"))),
+      skfCats(makeControl<SkinFrame>(*this, u"skfCats")),
       tvCats(makeControl<DirectoryTree>(*this, u"tvCats", tr("Categories and rooms"))),
       smdOk(makeButton(*this, u"smdOk", tr("Join"), tr("&Join"))),
       smdCreate(makeButton(*this, u"smdCreate", tr("Create"), tr("C&reate"))),
@@ -37,7 +40,7 @@ frmCategories::frmCategories(const WindowDress &dress, SharedState &state, frmCo
     setWindowTitle(tr("Chat Categories"));
     txtFilter->setPlaceholderText(tr("Filter categories and rooms"));
     txtFilter->setClearButtonEnabled(true);
-    tvCats->setMinimumHeight(leastTreeHeight);
+    skfCats->setMinimumHeight(leastTreeHeight);
     tvCats->setModel(&m_model);
     tvCats->setFocus();
     setDefaultButton(smdOk);
@@ -55,7 +58,7 @@ void frmCategories::placeControls()
     m_grid.setRowStretch(1, 1);
     m_grid.setColumnStretch(2, 1);
     m_grid.addWidget(txtFilter, 0, 0, 1, 4);
-    m_grid.addWidget(tvCats, 1, 0, 1, 4);
+    m_grid.addWidget(skfCats, 1, 0, 1, 4);
     m_grid.addWidget(smdOk, 2, 0);
     m_grid.addWidget(smdCreate, 2, 1);
     m_grid.addWidget(smdCancel, 2, 3);
@@ -99,6 +102,9 @@ void frmCategories::SetupFormSkin()
     for (SkinButton *button : {smdOk, smdCreate, smdCancel}) {
         dressFittingButton(*button, skin());
     }
+    dressFrame(*skfCats, skin());
+    tvCats->setFrameShape(skin().Frame(FrameItem::TopLeft).bitmap() == nullptr ? QFrame::StyledPanel
+                                                                               : QFrame::NoFrame);
     txtFilter->setPalette(boxLook(skin(), palette()));
     tvCats->setPalette(listLook(skin(), palette()));
     m_model.setGround(tvCats->palette().color(QPalette::Base));
@@ -109,6 +115,10 @@ void frmCategories::SetupFormSkin()
 void frmCategories::layOut()
 {
     m_grid.setGeometry(clientArea());
+    tvCats->setGeometry(
+        QRect(skfCats->ClientArea(FrameMeasure::LeftWidth), skfCats->ClientArea(FrameMeasure::TopHeight),
+              skfCats->ClientArea(FrameMeasure::ClientWidth), skfCats->ClientArea(FrameMeasure::ClientHeight))
+            .translated(skfCats->pos()));
 }
 
 void frmCategories::changeEvent(QEvent *event)

@@ -12,6 +12,7 @@
 
 class DirectoryTree;
 class QLineEdit;
+class SkinFrame;
 
 /// The room directory: shows the categories and asks for the rooms of the one that is selected. The user
 /// joins a room or creates one, which closes it.
@@ -64,6 +65,7 @@ private:
     RoomEntry m_entry;
     DirectoryModel m_model;
     QLineEdit *txtFilter;
+    SkinFrame *skfCats; ///< round the tree
     DirectoryTree *tvCats;
     SkinButton *smdOk;
     SkinButton *smdCreate;

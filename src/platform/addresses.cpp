@@ -51,5 +51,6 @@ void ShowHelp(const QString &anchor, const SettingsFile &settings, const QString
 
 void ShowEmoticonHelp(const SettingsFile &settings, const QString &pagesFolder, Addresses &addresses)
 {
-    addresses.open(pageOf(settings, QStringLiteral("EmoticonHelpPage"), pagesFolder + u"/help/emoticons.html"));
+    addresses.open(
+        pageOf(settings, QStringLiteral("EmoticonHelpPage"), pagesFolder + u"/help/emoticons.html"));
 }

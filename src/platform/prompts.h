@@ -26,8 +26,8 @@ enum class PromptAnswer
     No
 };
 
-/// Message boxes, and the dialogs that ask for a file, a font or a colour. Asking blocks the caller while events go on;
-/// a box closed without an answer says No, or Ok where there is nothing to decline.
+/// Message boxes, and the dialogs that ask for a file, a font or a colour. Asking blocks the caller while
+/// events go on; a box closed without an answer says No, or Ok where there is nothing to decline.
 class Prompts
 {
 public:

@@ -22,8 +22,9 @@ struct MemberLooks
     QColor member;
 };
 
-/// Fills the list with the members under the headings "Owner", "Online" and "Pending". The first visible row
-/// stays; the selection does not. Each member's row carries the member's position in the collection.
+/// Fills the list with the members under the headings "Owner", "Online" and "Pending", all of them expanded.
+/// The first visible row stays, and so does the member that was chosen. Each member's row carries the
+/// member's position in the collection.
 void drawMemberList(QTreeWidget &list, const colChatters &chatters, const SharedState &state,
                     const MemberLooks &looks);
 

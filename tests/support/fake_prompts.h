@@ -41,8 +41,8 @@ public:
 
     QStringList boxes;
     std::optional<ColourValue> colour; ///< what is chosen; none is Cancel
-    std::optional<QFont> font; ///< what is chosen; none is Cancel
-    QString file;              ///< what is chosen to be written; empty is Cancel
+    std::optional<QFont> font;         ///< what is chosen; none is Cancel
+    QString file;                      ///< what is chosen to be written; empty is Cancel
     PromptAnswer answer = PromptAnswer::Yes;
     std::function<void()> whileOpen; ///< what happens while a box stands
 };
