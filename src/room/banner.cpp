@@ -14,8 +14,8 @@ constexpr QSize bannerSize(468, 60);
 constexpr int firstInterval = 100; // milliseconds
 constexpr int laterInterval = 60'000;
 constexpr int ticksPerLoad = 3;
-constexpr qint64 largestFile = 1024 * 1024; // bytes
-constexpr int largestPicture = 2048;        // pixels
+constexpr qint64 largestFile = 1 << 20; // bytes
+constexpr int largestPicture = 2048;    // pixels
 
 bool isSmallFile(const QFileInfo &file)
 {

@@ -70,7 +70,7 @@ TEST_F(BannerPage, IsLeftAwayWhenItIsNoSmallFile)
     Banner folderPage({folder.path()}, window);
     Banner webPage({u"http://example.org/"_s}, window);
     QFile large(folder.filePath(u"large.html"_s));
-    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(2 * 1024 * 1024));
+    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(1 << 21));
     Banner largePage({large.fileName()}, window);
     Banner good({page}, window); // the last of them, so that the others have had their turn
     const auto text = [](const Banner &banner) {

@@ -105,7 +105,8 @@ TEST_F(Faults, AnswersThatAreNone)
             }
             answerBadly(request, fault);
             act(*this);
-            EXPECT_TRUE(failure.isEmpty() || eventually([&] { return shown(failure) == 1; }, 3000));
+            EXPECT_TRUE(failure.isEmpty() ||
+                        eventually([&, notice = failure] { return shown(notice) == 1; }, 3000));
             EXPECT_EQ(text->text(), request == u"<CMSG" ? u"lost"_s : u""_s);
             EXPECT_EQ(prompts.boxes.size(), request == u"<REQUESTJOINCHANNEL" ? 1 : 0);
             messenger.send(all, messenger.lastKey); // too late
@@ -185,6 +186,7 @@ TEST_P(WhileABoxStands, TheRoomGoesOnceAndForAll)
     EXPECT_TRUE(isInNoRoom());
     EXPECT_EQ(shown(u"SERVER: " + happens.notice), 1);
     EXPECT_EQ(shown(u"SERVER: You have successfully left the Room!"_s), happens.leaves ? 1 : 0);
+    EXPECT_FALSE(board->toPlainText().contains(u"server error"_s));
     EXPECT_EQ(asked(u"<LEAVECHANNEL"_s) + asked(u"<DESTROYCHANNEL"_s), happens.leaves ? 1 : 0);
     const bool goesOut = box.caption == u"Leave Chat" && answer == PromptAnswer::Yes;
     const bool floods = box.caption == u"Lock up";
@@ -296,7 +298,7 @@ QString titleOfMenuOn(frmMain &window, QTreeWidget &list, const QString &name)
     QMouseEvent release(QEvent::MouseButtonRelease, place, place, Qt::RightButton, {}, {});
     QCoreApplication::sendEvent(list.viewport(), &release);
     QMenu *menu = window.findChild<QMenu *>();
-    const QString title = menu == nullptr ? QString() : menu->findChild<QLabel *>()->text();
+    QString title = menu == nullptr ? QString() : menu->findChild<QLabel *>()->text();
     delete menu;
     return title;
 }
@@ -432,7 +434,7 @@ TEST_F(Faults, AThousandJoinsAreDrawnOnceAFrame)
     EXPECT_TRUE(eventually([&] { return draws == 1; }));
     RecordProperty("redraw_ms", static_cast<int>(elapsed.elapsed()));
     EXPECT_EQ(list->itemAt(QPoint(40, 5))->text(0), top);
-    EXPECT_EQ(list->currentItem()->text(0), u"Member 700"_s);
+    EXPECT_EQ(list->findItems(u"Member 700"_s, Qt::MatchRecursive).first(), list->currentItem());
 
     colChatters chatters;
     for (int at = 0; at < 1000; ++at) {
