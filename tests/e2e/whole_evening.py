@@ -206,9 +206,13 @@ def in_private(desktop, robin, sasha):
     assert "between us" not in robin.board() + sasha.board()
 
     desktop.tool("xdotool", "windowmove", "--sync", robins, "120", "90")
-    robin.turn_to("Sasha - Private Message")
+    place = geometry(desktop, robin.turn_to("Sasha - Private Message"))
     robin.press("Escape")
     wait_for("the place is kept", lambda: "ChatPrivMsg-u2" in settings(robin))
+    robin.member_menu("Sasha", PRIVATE_MESSAGE)
+    again = robin.turn_to("Sasha - Private Message")
+    wait_for("the window is where it was left", lambda: geometry(desktop, again) == place)
+    robin.press("Escape")
 
 
 def settings(person):
