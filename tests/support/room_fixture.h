@@ -111,9 +111,9 @@ struct RoomFixture : LinkFixture
     void press(const QString &button) { window.findChild<QAbstractButton *>(button)->click(); }
 
     /// Everything that can be seen of it says that there is no room.
-    [[nodiscard]] bool isInNoRoom() const
+    [[nodiscard]] bool isInNoRoom()
     {
-        return !state.InRoom && state.CurrentRoomID == 0 && window.windowTitle() == u"Pylox Chat" &&
+        return !state.InRoom && state.CurrentRoomID == 0 && window.lifecycle().ShownRoomID() == 0 &&
                window.windowTitle() == u"Pylox Chat" &&
                eventually([this] { return rows() == QStringList{u"Owner"_s}; });
     }
