@@ -28,6 +28,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QShortcut>
 #include <QTextDocument>
 #include <QTreeWidget>
 
@@ -98,8 +99,9 @@ void frmMain::connectControls()
     connect(c.smdExit, &QAbstractButton::clicked, &m_exitRoad, &ExitRoad::start);
     connect(c.sysClose, &QAbstractButton::clicked, &m_exitRoad, &ExitRoad::start);
     connect(c.sysMin, &QAbstractButton::clicked, this, &QWidget::showMinimized);
-    connect(c.sysHelp, &QAbstractButton::clicked, this,
-            [this] { Q_EMIT helpRequested(QStringLiteral("using_chat")); });
+    const auto help = [this] { Q_EMIT helpRequested(QStringLiteral("using_chat")); };
+    connect(c.sysHelp, &QAbstractButton::clicked, this, help);
+    connect(new QShortcut(Qt::Key_F1, this), &QShortcut::activated, this, help);
     m_composeBox.setNames([this] {
         QStringList names;
         for (qsizetype at = 1; at <= m_chatters.Count(); ++at) {
