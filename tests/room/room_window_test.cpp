@@ -1,64 +1,27 @@
-#include "core/options.h"
-#include "emotions/emoticon_file.h"
-#include "platform/rich_edit.h"
-#include "room/frmMain.h"
-#include "room/saved_settings.h"
 #include "room/session_commands.h"
-#include "skin/skin_in_use.h"
-#include "support/link_fixture.h"
+#include "support/room_fixture.h"
 
-#include <QAbstractButton>
-#include <QKeyEvent>
-#include <QLineEdit>
 #include <QTemporaryDir>
 
 namespace {
 
-struct RoomWindow : LinkFixture
+struct RoomWindow : RoomFixture
 {
-    void SetUp() override
-    {
-        connectLink();
-        state.MyUserID = u"u1"_s;
-        state.MyNickname = u"Ann"_s;
-        messenger.answerBy([](const QString &request) {
-            return QStringList{reply(request.startsWith(u"<CMSG"_s) ? u"<ACKSM/>"_s : u"<KLC r=\"0\"/>"_s)};
-        });
-        window.show();
-        ASSERT_TRUE(eventually([this] { return messenger.requests.contains(u"<GETPYLOXUSERS/>"_s); }));
-    }
-
-    void pressEnter()
-    {
-        QKeyEvent down(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s);
-        QCoreApplication::sendEvent(text, &down);
-    }
-
     void beOwner()
     {
         state.CurrentRoomID = 12;
         state.InRoom = state.IsRoomOwner = true;
     }
-
-    Options options;
-    CommandLine commandLine;
-    QTemporaryDir folder;
-    EmoticonFile emoticons{QString(folder.path() + u"/"_s)};
-    SkinInUse skin{myApp};
-    SavedSettings saved{myApp, options, state.lists};
-    frmMain window{state, options, link, prompts, commandLine, {skin, windows, emoticons, saved}};
-    QLineEdit *text = window.findChild<QLineEdit *>(u"rtfText"_s);
-    RichEdit *board = window.findChild<RichEdit *>(u"rtfMsgs"_s);
 };
 
 TEST_F(RoomWindow, EnterSendsAndEmptiesTheBox)
 {
     text->setText(u"hello"_s);
-    pressEnter();
+    send();
     EXPECT_EQ(text->text(), u"hello"_s) << "no room, nothing sent";
 
     beOwner();
-    pressEnter();
+    send();
     EXPECT_TRUE(text->text().isEmpty());
     EXPECT_EQ(board->toPlainText(), u"Ann: hello"_s);
 
@@ -80,8 +43,6 @@ TEST_F(RoomWindow, ClosingAsksAnOwnerWithGuestsAndTakesTheWayOut)
     EXPECT_FALSE(link.isShutDown());
 
     prompts.answer = PromptAnswer::Yes;
-    bool exited = false;
-    QObject::connect(&window, &frmMain::exited, [&] { exited = true; });
     EXPECT_FALSE(window.close() || window.close()) << "it closes when the room has been left";
     EXPECT_EQ(prompts.boxes.size(), 2) << "the question is asked once";
     EXPECT_TRUE(eventually([&] { return exited && !window.isVisible(); }));
