@@ -6,10 +6,10 @@
 #include "room/frmMain.h"
 #include "room/saved_settings.h"
 #include "skin/skin_in_use.h"
+#include "support/input.h"
 #include "support/link_fixture.h"
 
 #include <QAbstractButton>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTreeWidget>
 
@@ -92,11 +92,7 @@ struct RoomFixture : LinkFixture
         ASSERT_TRUE(eventually([&] { return board->toPlainText().contains(mark); }));
     }
 
-    void type(const QString &words)
-    {
-        QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, words);
-        QCoreApplication::sendEvent(text, &key);
-    }
+    void type(const QString &words) { pressKey(*text, 0, words); }
 
     /// What is in the box already, or these words. The box is empty afterwards if they were taken.
     void send(const QString &words = {})
@@ -104,8 +100,7 @@ struct RoomFixture : LinkFixture
         if (!words.isEmpty()) {
             text->setText(words);
         }
-        QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s);
-        QCoreApplication::sendEvent(text, &key);
+        pressKey(*text, Qt::Key_Return, u"\r"_s);
     }
 
     void press(const QString &button) { window.findChild<QAbstractButton *>(button)->click(); }
