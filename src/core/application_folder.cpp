@@ -13,12 +13,24 @@ QString withTrailingSeparator(const QString &folder)
     return native + QDir::separator();
 }
 
+namespace {
+
+/// An installation brings the menu entry: the programs' folder is everybody's then, even where it can be
+/// written to.
+bool isInstalled(const QString &executableFolder)
+{
+    return QFileInfo::exists(executableFolder + u"/../share/applications/pylox-chat.desktop");
+}
+
+} // namespace
+
 QString applicationFolder(const QString &executableFolder)
 {
     if (const QString home = qEnvironmentVariable("PYLOX_HOME"); !home.isEmpty()) {
         return withTrailingSeparator(home);
     }
-    if (const QFileInfo folder(executableFolder); folder.isDir() && folder.isWritable()) {
+    if (const QFileInfo folder(executableFolder);
+        folder.isDir() && folder.isWritable() && !isInstalled(executableFolder)) {
         return withTrailingSeparator(executableFolder);
     }
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);

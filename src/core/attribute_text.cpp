@@ -1,9 +1,20 @@
 #include "core/attribute_text.h"
 
+QStringList itemsOf(const QString &message)
+{
+    constexpr qsizetype most = 1000;
+    QStringList items;
+    for (qsizetype start = 0, end = 0; items.size() < most && (end = message.indexOf(itemEnd, start)) >= 0;
+         start = end + 1) {
+        items += message.sliced(start, end - start);
+    }
+    return items;
+}
+
 QString withoutControlCharacters(QStringView text)
 {
     QString clean = text.toString();
-    clean.removeIf([](QChar c) { return c < u' ' && c != u'\t'; });
+    clean.removeIf([](QChar c) { return c.category() == QChar::Other_Control && c != u'\t'; });
     return clean;
 }
 

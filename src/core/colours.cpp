@@ -66,11 +66,14 @@ QString EscapeRTF(QStringView text)
 {
     QString escaped;
     escaped.reserve(text.size() + 8);
-    for (const QChar c : text) {
+    qsizetype from = 0;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const QChar c = text[at];
         if (c == u'\\' || c == u'{' || c == u'}') {
+            escaped += text.sliced(from, at - from);
             escaped += u'\\';
+            from = at;
         }
-        escaped += c;
     }
-    return escaped;
+    return escaped += text.sliced(from);
 }

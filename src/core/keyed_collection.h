@@ -3,13 +3,13 @@
 #include <QHash>
 #include <QString>
 
-#include <algorithm>
 #include <memory>
 #include <vector>
 
 /// Records in insertion order, each under a unique text key; positions run from 1 to Count().
 /// The collection shares its records with whoever holds one, so that a record outlives its removal
-/// for a caller that still looks at it.
+/// for a caller that still looks at it. Thousands may go at once: the place of one that has gone stays empty
+/// until a position is asked for.
 template <typename Record>
 class KeyedCollection
 {
@@ -19,52 +19,57 @@ public:
     /// Appends the record. A key already present is refused: the result is null and nothing changes.
     Pointer insert(const QString &key, Pointer record)
     {
-        if (m_byKey.contains(key)) {
+        if (m_places.contains(key)) {
             return nullptr;
         }
-        m_byKey.insert(key, record);
+        if (m_inOrder.size() > 2 * static_cast<std::size_t>(m_places.size()) + fewGaps) {
+            closeGaps();
+        }
+        m_places.insert(key, m_inOrder.size());
         m_inOrder.push_back({key, record});
         return record;
     }
 
     /// The record under the key, or null.
-    [[nodiscard]] Pointer Item(const QString &key) const { return m_byKey.value(key); }
+    [[nodiscard]] Pointer Item(const QString &key) const
+    {
+        const auto place = m_places.constFind(key);
+        return place == m_places.cend() ? nullptr : m_inOrder[*place].record;
+    }
 
     /// The record at the position, or null.
     [[nodiscard]] Pointer Item(qsizetype position) const
     {
+        closeGaps();
         return isPosition(position) ? m_inOrder[static_cast<std::size_t>(position - 1)].record : nullptr;
     }
 
-    [[nodiscard]] qsizetype Count() const { return static_cast<qsizetype>(m_inOrder.size()); }
+    [[nodiscard]] qsizetype Count() const { return m_places.size(); }
 
     /// False when there is no such key.
     bool Remove(const QString &key)
     {
-        if (m_byKey.remove(key) == 0) {
+        const auto place = m_places.constFind(key);
+        if (place == m_places.cend()) {
             return false;
         }
-        m_inOrder.erase(std::ranges::find(m_inOrder, key, &Entry::key));
+        m_inOrder[*place] = {};
+        m_places.erase(place);
         return true;
     }
 
     /// False when there is no such position.
     bool Remove(qsizetype position)
     {
-        if (!isPosition(position)) {
-            return false;
-        }
-        const auto entry = m_inOrder.begin() + (position - 1);
-        m_byKey.remove(entry->key);
-        m_inOrder.erase(entry);
-        return true;
+        closeGaps();
+        return isPosition(position) && Remove(QString(m_inOrder[static_cast<std::size_t>(position - 1)].key));
     }
 
     /// From the last position down to the first.
     void RemoveAll()
     {
         while (!m_inOrder.empty()) {
-            m_byKey.remove(m_inOrder.back().key);
+            m_places.remove(m_inOrder.back().key);
             m_inOrder.pop_back();
         }
     }
@@ -73,11 +78,23 @@ private:
     struct Entry
     {
         QString key;
-        Pointer record;
+        Pointer record; ///< null in a gap
     };
+    static constexpr std::size_t fewGaps = 16;
 
     [[nodiscard]] bool isPosition(qsizetype position) const { return position >= 1 && position <= Count(); }
 
-    std::vector<Entry> m_inOrder;
-    QHash<QString, Pointer> m_byKey;
+    void closeGaps() const
+    {
+        if (m_inOrder.size() == static_cast<std::size_t>(m_places.size())) {
+            return;
+        }
+        std::erase_if(m_inOrder, [](const Entry &entry) { return entry.record == nullptr; });
+        for (std::size_t place = 0; place < m_inOrder.size(); ++place) {
+            m_places[m_inOrder[place].key] = place;
+        }
+    }
+
+    mutable std::vector<Entry> m_inOrder;
+    mutable QHash<QString, std::size_t> m_places; ///< of those that are there
 };

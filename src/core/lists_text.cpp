@@ -1,5 +1,9 @@
 #include "core/lists_text.h"
 
+#include <QSet>
+
+#include <utility>
+
 namespace {
 
 constexpr qsizetype idColumn = 2;
@@ -7,18 +11,41 @@ constexpr qsizetype idLength = 10;
 constexpr qsizetype idField = 11;
 constexpr qsizetype nameColumn = idColumn + idField;
 
+/// A line end would begin another entry; ids and names are a stranger's.
+QString onOneLine(QString text)
+{
+    return text.replace(u'\r', u' ').replace(u'\n', u' ');
+}
+
 void appendList(QString &text, QChar code, const UserList &list)
 {
     for (const ListedUser &user : list) {
-        if (user.id.trimmed().isEmpty()) {
+        const QString id = onOneLine(user.id);
+        if (id.trimmed().isEmpty()) {
             continue;
         }
         text += code;
         text += u'-';
-        text += user.id.leftJustified(idField, u' ', true);
-        text += QString(user.name).replace(u'\r', u' ').replace(u'\n', u' ');
+        text += id.leftJustified(idField, u' ', true);
+        text += onOneLine(user.name);
         text += u"\r\n";
     }
+}
+
+QString keyOf(char16_t code, const QString &id)
+{
+    return QChar(code) + id;
+}
+
+QSet<QString> everybody(UserLists &lists)
+{
+    QSet<QString> keys;
+    for (const char16_t code : {u'A', u'I', u'P'}) {
+        for (const ListedUser &user : std::as_const(*lists.withCode(code))) {
+            keys.insert(keyOf(code, user.id));
+        }
+    }
+    return keys;
 }
 
 } // namespace
@@ -37,6 +64,7 @@ QString listsText(const UserLists &lists, const QStringList &unknownLines)
 
 QStringList readLists(QStringView text, UserLists &lists)
 {
+    QSet<QString> known = everybody(lists); // to look through a long list for each line would take minutes
     QStringList unknown;
     for (QStringView line : text.split(u'\n')) {
         line = line.endsWith(u'\r') ? line.chopped(1) : line;
@@ -44,13 +72,17 @@ QStringList readLists(QStringView text, UserLists &lists)
             continue;
         }
         const char16_t code = line[0].unicode();
-        if (lists.withCode(code) == nullptr) {
+        UserList *list = lists.withCode(code);
+        if (list == nullptr) {
             unknown.append(line.toString());
             continue;
         }
         const QStringView rest = line.sliced(qMin(idColumn, line.size()));
-        AddToList(lists, code, rest.first(qMin(idLength, rest.size())).trimmed().toString(),
-                  line.sliced(qMin(nameColumn, line.size())).toString());
+        const QString id = rest.first(qMin(idLength, rest.size())).trimmed().toString();
+        if (!id.isEmpty() && !IsInList(*list, id)) {
+            known.insert(keyOf(code, id));
+            list->append({id, line.sliced(qMin(nameColumn, line.size())).toString()});
+        }
     }
     return unknown;
 }

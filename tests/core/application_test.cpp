@@ -2,6 +2,7 @@
 #include "core/clsMyApp.h"
 #include "support/text.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -12,6 +13,11 @@ TEST(MyApp, TheApplicationFolderIsTheFirstThatServes)
     EXPECT_EQ(applicationFolder(folder.path()), u"/somewhere/else/"_s);
     qunsetenv("PYLOX_HOME");
     EXPECT_EQ(applicationFolder(folder.path()), QString(folder.path() + u'/'));
+    const QString programs = folder.filePath(u"bin"_s);
+    QDir(folder.path()).mkpath(u"bin"_s);
+    EXPECT_EQ(applicationFolder(programs), QString(programs + u'/'));
+    QDir(folder.path()).mkpath(u"share/applications/pylox-chat.desktop"_s);
+    EXPECT_TRUE(applicationFolder(programs).endsWith(u"/pylox-chat/"_s)) << "that of an installation";
     EXPECT_TRUE(applicationFolder(u"/no/such/folder"_s).endsWith(u"/pylox-chat/"_s));
     for (const QString &path : {u"/opt/pylox"_s, u"/opt/pylox//"_s}) {
         EXPECT_EQ(clsMyApp(path).Path(), u"/opt/pylox/"_s);
