@@ -22,6 +22,34 @@ Stretch within(const Paragraph &paragraph, qsizetype start, qsizetype from, qsiz
             std::clamp(to - start, qsizetype(0), paragraph.length())};
 }
 
+constexpr qsizetype longestPiece = 16'384; // characters; what is seen of a paragraph is laid out as a whole
+constexpr qsizetype lastWords = 1024;
+
+/// Where a piece of a long text ends and the next begins.
+struct Cut
+{
+    qsizetype end;
+    qsizetype next; ///< behind a line break that the end of the piece stands for
+};
+
+/// At a line break or behind a space where one is near; never inside a character.
+Cut cutBehind(QStringView text, qsizetype from)
+{
+    if (text.size() - from <= longestPiece) {
+        return {text.size(), text.size()};
+    }
+    const qsizetype longest = from + longestPiece;
+    const QStringView last = text.sliced(longest - lastWords, lastWords);
+    if (const qsizetype lineBreak = last.lastIndexOf(lineBreakCharacter); lineBreak >= 0) {
+        const qsizetype at = longest - lastWords + lineBreak;
+        return {at, at + 1};
+    }
+    const qsizetype space = last.lastIndexOf(u' ');
+    const qsizetype at = longest - (space < 0 ? 0 : lastWords - space - 1);
+    const bool splits = text[at].isLowSurrogate();
+    return {splits ? at - 1 : at, splits ? at - 1 : at};
+}
+
 } // namespace
 
 /// Gives the entries of one document's tables their numbers in another one's, each looked up once.
@@ -262,18 +290,51 @@ void RichDocument::append(const RichDocument &other)
         return;
     }
     DocumentImport import(*this, other);
-    ParagraphBuilder builder;
     bool replaces = paragraphCount() == 1 && m_length == 0;
     for (const Paragraph &one : other.m_paragraphs) {
-        builder.append(one, 0, one.length(), std::ref(import));
-        Paragraph made = builder.take(import.paragraphFormat(one));
-        if (replaces) {
-            replaceLast(std::move(made));
-        } else {
-            appendParagraph(std::move(made));
+        for (Paragraph &made : piecesOf(one, import)) {
+            if (replaces) {
+                replaceLast(std::move(made));
+            } else {
+                appendParagraph(std::move(made));
+            }
+            replaces = false;
         }
-        replaces = false;
     }
+}
+
+/// The paragraph in this document's numbers: a long one in several, as if it were one still.
+std::vector<Paragraph> RichDocument::piecesOf(const Paragraph &whole, DocumentImport &import)
+{
+    std::vector<Paragraph> pieces;
+    ParagraphBuilder builder;
+    const QStringView text = whole.text();
+    const quint16 number = import.paragraphFormat(whole);
+    ParagraphFormat format = paragraphFormat(number);
+    qsizetype at = 0;
+    Cut cut = cutBehind(text, 0);
+    for (const Run &run : whole.runs()) {
+        const Run imported = import(run);
+        while (at < run.end) {
+            const qsizetype end = qMin(qsizetype(run.end), cut.next);
+            if (imported.picture != 0) {
+                builder.appendPicture(imported.picture, imported.format);
+            } else {
+                builder.append(text.sliced(at, qMin(end, cut.end) - at), imported.format);
+            }
+            at = end;
+            if (at == cut.next && at < text.size()) {
+                ParagraphFormat inner = format;
+                inner.spaceAfter = 0;
+                pieces.push_back(builder.take(paragraphFormatNumber(inner)));
+                format.spaceBefore = 0;
+                format.firstLineIndent = 0;
+                cut = cutBehind(text, at);
+            }
+        }
+    }
+    pieces.push_back(builder.take(pieces.empty() ? number : paragraphFormatNumber(format)));
+    return pieces;
 }
 
 void RichDocument::remove(qsizetype from, qsizetype to)

@@ -12,6 +12,8 @@
 #include <tuple>
 #include <vector>
 
+class DocumentImport;
+
 /// A picture in a text. It carries the code that it stands for, so that copying as text gives the code back,
 /// and a name for those who hear the text instead of seeing it.
 struct Picture
@@ -73,7 +75,8 @@ public:
     void insert(qsizetype position, const RichDocument &other);
 
     /// Puts the whole of another document behind the last paragraph, as paragraphs of their own; in the place
-    /// of an only paragraph that is empty.
+    /// of an only paragraph that is empty. One of very many characters becomes several, without space between
+    /// them: a paragraph is the least that can be laid out.
     void append(const RichDocument &other);
 
     void remove(qsizetype from, qsizetype to);
@@ -122,6 +125,7 @@ public:
 private:
     friend class DocumentImport;
 
+    [[nodiscard]] std::vector<Paragraph> piecesOf(const Paragraph &whole, DocumentImport &import);
     /// Puts new paragraphs in the place of old ones.
     void replace(qsizetype first, qsizetype count, std::vector<Paragraph> paragraphs);
 

@@ -52,3 +52,19 @@ int codePageOfCharset(int charset, int documentCodePage)
     const auto *page = std::ranges::find(charsetPages, charset, &CharsetPage::charset);
     return page != std::end(charsetPages) ? page->codePage : documentCodePage;
 }
+
+std::optional<int> codePageNamedBy(const RtfWord &word)
+{
+    switch (word.hash) {
+    case "ansicpg"_rtf:
+        return word.numberOr(1252);
+    case "mac"_rtf:
+        return 10000;
+    case "pc"_rtf:
+        return 437;
+    case "pca"_rtf:
+        return 850;
+    default:
+        return std::nullopt;
+    }
+}

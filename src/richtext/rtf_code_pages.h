@@ -1,5 +1,7 @@
 #pragma once
 
+#include "richtext/rtf_words.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -11,3 +13,6 @@
 
 /// The code page of a font's character set; the document's own for a set that names none.
 [[nodiscard]] int codePageOfCharset(int charset, int documentCodePage);
+
+/// The code page of a document, when the word names one.
+[[nodiscard]] std::optional<int> codePageNamedBy(const RtfWord &word);

@@ -1,12 +1,11 @@
 #include "richtext/rtf_reader.h"
 
 #include "core/attribute_text.h"
+#include "richtext/rtf_body.h"
 #include "richtext/rtf_code_pages.h"
 #include "richtext/rtf_formats.h"
 #include "richtext/rtf_pictures.h"
-#include "richtext/rtf_state.h"
 #include "richtext/rtf_tables.h"
-#include "richtext/rtf_words.h"
 
 #include <algorithm>
 #include <array>
@@ -15,7 +14,6 @@
 namespace {
 
 constexpr std::size_t deepestGroup = 64;
-constexpr qint32 largestNumber = 1'000'000'000;
 
 /// The characters that end a stretch of plain text: controls, braces, backslash.
 constexpr auto isSpecial = [] {
@@ -27,13 +25,7 @@ constexpr auto isSpecial = [] {
     return table;
 }();
 
-bool isLetter(char16_t c)
-{
-    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
-}
-
 using Destination = RtfDestination;
-using State = RtfState;
 
 class Reader
 {
@@ -43,7 +35,8 @@ public:
           m_at(m_begin),
           m_end(m_begin + rtf.size()),
           m_fromBytes(fromBytes),
-          m_document(document)
+          m_body(document),
+          m_tables(document)
     {}
 
     RtfStatus read();
@@ -56,7 +49,6 @@ private:
     void skipDeepGroup();
     void readControl();
     void readSymbol();
-    [[nodiscard]] RtfWord readWord();
     void readText();
     void readHexByte();
 
@@ -69,38 +61,27 @@ private:
     void chooseFont(qint32 number);
 
     void takeText(QStringView text);
-    void takeBodyText(QStringView text);
     void takeCharacter(char16_t c) { takeText(QStringView(&c, 1)); }
-    void append(QStringView text);
     void flushBytes();
     void finishPicture();
-    void endParagraph(const ParagraphFormat &format);
-    void endDocument();
     void note(Problem problem);
 
     const char16_t *m_begin;
     const char16_t *m_at;
     const char16_t *m_end;
     bool m_fromBytes;
-    RichDocument &m_document;
     RtfStatus m_status;
 
-    State m_state;
-    std::vector<State> m_groups;
+    RtfState m_state;
+    std::vector<RtfState> m_groups;
     bool m_ignorable = false; ///< \* was read: a destination that is not known is to be skipped
     qint32 m_toSkip = 0;      ///< characters left of a \u's fallback
     int m_codePage = 1252;
     QByteArray m_bytes; ///< read as bytes, not yet decoded: characters may be made of several
 
-    ParagraphBuilder m_builder;
-    bool m_firstParagraph = true;
-    ParagraphFormat m_textParagraph; ///< how the paragraph stood when it was last written to
-    TextFormat m_lastFormat;
-    quint16 m_lastFormatNumber = 0;
-
-    RtfTables m_tables{m_document};
+    RtfBody m_body;
+    RtfTables m_tables;
     qint32 m_defaultFont = 0;
-
     RtfPictures m_pictures;
 };
 
@@ -135,7 +116,7 @@ RtfStatus Reader::read()
     flushBytes();
     if (!m_groups.empty()) {
         note(Problem::Unbalanced);
-        endDocument();
+        m_body.end(m_state);
     }
     if (m_pictures.refusedAny()) {
         note(Problem::TooManyPixels);
@@ -177,9 +158,9 @@ void Reader::closeGroup()
     m_toSkip = 0;
     m_ignorable = false;
     if (m_groups.size() == 1) {
-        endDocument();
+        m_body.end(m_state);
     }
-    const State inner = m_state;
+    const RtfState inner = m_state;
     m_state = m_groups.back();
     m_groups.pop_back();
     ++m_at;
@@ -202,11 +183,11 @@ void Reader::readControl()
     if (*m_at != u'\'') {
         flushBytes();
     }
-    if (!isLetter(*m_at)) {
+    if (!isRtfLetter(*m_at)) {
         readSymbol();
         return;
     }
-    const RtfWord word = readWord();
+    const RtfWord word = readRtfWord(m_at, m_end);
     if (word.hash == "bin"_rtf) {
         m_at += std::clamp(qsizetype(word.numberOr(0)), qsizetype(0), qsizetype(m_end - m_at));
     } else if (m_toSkip > 0) {
@@ -214,28 +195,6 @@ void Reader::readControl()
     } else if (m_state.destination != Destination::Skipped) {
         obey(word);
     }
-}
-
-RtfWord Reader::readWord()
-{
-    RtfWord word;
-    while (m_at != m_end && isLetter(*m_at)) {
-        word.hash = rtfHashStep(word.hash, *m_at++);
-    }
-    const bool negative = m_end - m_at >= 2 && *m_at == u'-' && m_at[1] >= u'0' && m_at[1] <= u'9';
-    m_at += negative ? 1 : 0;
-    qint64 number = 0;
-    const char16_t *const digits = m_at;
-    while (m_at != m_end && *m_at >= u'0' && *m_at <= u'9') {
-        number = qMin(number * 10 + (*m_at++ - u'0'), qint64(largestNumber));
-    }
-    if (m_at != digits) {
-        word.number = static_cast<qint32>(negative ? -number : number);
-    }
-    if (m_at != m_end && *m_at == u' ') {
-        ++m_at;
-    }
-    return word;
 }
 
 void Reader::readSymbol()
@@ -343,7 +302,7 @@ void Reader::takeText(QStringView text)
     }
     switch (m_state.destination) {
     case Destination::Body:
-        takeBodyText(text);
+        m_body.append(text, m_state);
         break;
     case Destination::FontTable:
         m_tables.takeFontNames(text);
@@ -366,62 +325,14 @@ void Reader::takeText(QStringView text)
     }
 }
 
-void Reader::takeBodyText(QStringView text)
-{
-    if (text.isEmpty() || m_state.hidden) {
-        return;
-    }
-    // Characters that would be taken for a picture or for the end of a paragraph.
-    if (std::ranges::any_of(text, [](QChar c) { return c == pictureCharacter || c == u'\u2029'; })) {
-        QString clean = text.toString();
-        clean.replace(QChar(pictureCharacter), QChar(QChar::ReplacementCharacter));
-        append(clean.replace(QChar(u'\u2029'), QChar(lineBreakCharacter)));
-        return;
-    }
-    append(text);
-}
-
-void Reader::append(QStringView text)
-{
-    if (m_state.format != m_lastFormat) {
-        m_lastFormat = m_state.format;
-        m_lastFormatNumber = m_document.formatNumber(m_lastFormat);
-    }
-    m_builder.append(text, m_lastFormatNumber);
-    m_textParagraph = m_state.paragraph;
-}
-
 /// A picture that cannot be shown leaves the code that it stands for.
 void Reader::finishPicture()
 {
     const auto [picture, code] = m_pictures.finish();
-    if (m_state.destination != Destination::Body || m_state.hidden) {
-        return;
+    const bool shown = m_state.destination == Destination::Body && !m_state.hidden;
+    if (shown && !m_body.appendPicture(picture, m_state)) {
+        m_body.append(code, m_state);
     }
-    const quint16 number = picture ? m_document.pictureNumber(picture) : quint16(0);
-    if (number == 0) {
-        takeBodyText(code);
-        return;
-    }
-    append({});
-    m_builder.appendPicture(number, m_lastFormatNumber);
-}
-
-/// Often the groups around the last text are closed before its paragraph ends, and with them how it stands.
-void Reader::endDocument()
-{
-    endParagraph(m_builder.isEmpty() ? m_state.paragraph : m_textParagraph);
-}
-
-void Reader::endParagraph(const ParagraphFormat &format)
-{
-    Paragraph paragraph = m_builder.take(m_document.paragraphFormatNumber(format));
-    if (m_firstParagraph) {
-        m_document.replaceLast(std::move(paragraph));
-    } else {
-        m_document.appendParagraph(std::move(paragraph));
-    }
-    m_firstParagraph = false;
 }
 
 void Reader::chooseFont(qint32 number)
@@ -509,7 +420,7 @@ bool Reader::obeyText(const RtfWord &word)
     case "page"_rtf:
     case "row"_rtf:
         if (!m_state.hidden) {
-            endParagraph(m_state.paragraph);
+            m_body.endParagraph(m_state.paragraph);
         }
         return true;
     case "cell"_rtf:
@@ -558,18 +469,6 @@ void Reader::obeyOutsideText(const RtfWord &word)
     case "deff"_rtf:
         m_defaultFont = word.numberOr(0);
         break;
-    case "ansicpg"_rtf:
-        m_codePage = word.numberOr(1252);
-        break;
-    case "mac"_rtf:
-        m_codePage = 10000;
-        break;
-    case "pc"_rtf:
-        m_codePage = 437;
-        break;
-    case "pca"_rtf:
-        m_codePage = 850;
-        break;
     case "uc"_rtf:
         m_state.unicodeFallback = std::clamp(word.numberOr(1), 0, 100);
         break;
@@ -583,6 +482,7 @@ void Reader::obeyOutsideText(const RtfWord &word)
         m_pictures.setKind(RtfPictures::Kind::Jpeg);
         break;
     default:
+        m_codePage = codePageNamedBy(word).value_or(m_codePage);
         m_tables.apply(word);
     }
 }

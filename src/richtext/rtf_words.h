@@ -32,3 +32,33 @@ struct RtfWord
     [[nodiscard]] qint32 numberOr(qint32 other) const { return number.value_or(other); }
     [[nodiscard]] bool isOn() const { return numberOr(1) != 0; }
 };
+
+constexpr bool isRtfLetter(char16_t c)
+{
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
+}
+
+/// The word whose first letter is at the place, which goes on behind it and the space that ends it. Numbers
+/// are clamped to a thousand million.
+inline RtfWord readRtfWord(const char16_t *&at, const char16_t *end)
+{
+    constexpr qint64 largestNumber = 1'000'000'000;
+    RtfWord word;
+    while (at != end && isRtfLetter(*at)) {
+        word.hash = rtfHashStep(word.hash, *at++);
+    }
+    const bool negative = end - at >= 2 && *at == u'-' && at[1] >= u'0' && at[1] <= u'9';
+    at += negative ? 1 : 0;
+    qint64 number = 0;
+    const char16_t *const digits = at;
+    while (at != end && *at >= u'0' && *at <= u'9') {
+        number = qMin(number * 10 + (*at++ - u'0'), largestNumber);
+    }
+    if (at != digits) {
+        word.number = static_cast<qint32>(negative ? -number : number);
+    }
+    if (at != end && *at == u' ') {
+        ++at;
+    }
+    return word;
+}

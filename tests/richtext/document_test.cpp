@@ -72,4 +72,28 @@ TEST(RichDocument, PicturesTakeThePlacesOfCodesInWhatWasAppended)
     EXPECT_EQ(document.plainText(12, document.length()), document.plainText(0, 11));
 }
 
+TEST(RichDocument, AVeryLongParagraphBecomesSeveralThatLookLikeOne)
+{
+    for (const QString &part : {u"words "_s, u"a line\u2028"_s, u"\U0001F600"_s}) {
+        const QString text = part.repeated(50'000 / part.size());
+        RichDocument whole = documentOf({text + u"end"});
+        whole.changeFormats(20'000, 40'000, [](TextFormat &format) { format.italic = true; });
+        whole.changeParagraphFormats(0, 1, [](ParagraphFormat &format) { format = {80, 60, 240, -20}; });
+        RichDocument document;
+        document.append(whole);
+        ASSERT_EQ(document.paragraphCount(), 4);
+        const bool hasLines = part.contains(u'\u2028');
+        const QString shown = document.plainText();
+        EXPECT_TRUE((hasLines ? shown : QString(shown).remove(u'\n')) == whole.plainText())
+            << part.toStdString();
+        EXPECT_TRUE(shown.isValidUtf16());
+        for (qsizetype at = 0; at < 4; ++at) {
+            const Paragraph &piece = document.paragraph(at);
+            const ParagraphFormat wanted{at == 0 ? 80 : 0, at == 3 ? 60 : 0, 240, at == 0 ? -20 : 0};
+            EXPECT_LE(piece.length(), 16'384);
+            EXPECT_TRUE(document.paragraphFormat(piece.format()) == wanted) << at;
+        }
+    }
+}
+
 } // namespace

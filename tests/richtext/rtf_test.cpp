@@ -1,9 +1,8 @@
 #include "richtext/dump.h"
 #include "richtext/rtf_reader.h"
 #include "richtext/rtf_writer.h"
+#include "support/pictures.h"
 #include "support/text.h"
-
-#include <QBuffer>
 
 #include <gtest/gtest.h>
 #include <random>
@@ -47,6 +46,7 @@ TEST(RtfReader, WhatWordProcessorsWrite)
          u"[24]a[24 i]b[24]c"_s},
         {u"{\\rtf1 a\\par\\pard\\qc\\sb80\\li720\\fi-360 b\\par \\pard c}"_s,
          u"[24]a\n<1 80 720 -360>[24]b\n[24]c"_s},
+        {u"{\\rtf1 {\\pard\\qr a}}"_s, u"<2 0 0 0>[24]a"_s},
         {u"{\\rtf1 a\\line b\\tab c\\~d\\-\\_\\endash\\lquote\\'93x\\'94\r\nsame line\\\nnext}"_s,
          u"[24]a\u2028b\tc\u00A0d\u00AD\u2011\u2013\u2018\u201Cx\u201Dsame line\n[24]next"_s},
         {u"{\\rtf1\\ansicpg1251 \\'cf\\'f0{\\fonttbl{\\f3\\fcharset128 X;}}\\f3\\'82\\'a0\\f0 e}"_s,
@@ -72,12 +72,7 @@ TEST(RtfReader, WhatWordProcessorsWrite)
 
 TEST(RtfReader, WhatNobodyShouldWrite)
 {
-    const struct
-    {
-        QString rtf;
-        Problem problem;
-        QString expected;
-    } cases[] = {
+    const std::tuple<QString, Problem, QString> cases[] = {
         {u""_s, Problem::NotRtf, u""_s},
         {u"plain text"_s, Problem::NotRtf, u""_s},
         {u"{\\rtf1 a{\\b b"_s, Problem::Unbalanced, u"[24]a[24 b]b"_s},
@@ -90,19 +85,9 @@ TEST(RtfReader, WhatNobodyShouldWrite)
         {u"{\\rtf1\\bin999999999 a}"_s, Problem::Unbalanced, u""_s},
         {u"{\\rtf1 fake \uFFFC and \u2029}"_s, Problem::None, u"[24]fake \uFFFD and \u2028"_s},
     };
-    for (const auto &c : cases) {
-        EXPECT_EQ(readAndDump(c.rtf, c.problem), c.expected) << c.rtf.toStdString();
+    for (const auto &[rtf, problem, expected] : cases) {
+        EXPECT_EQ(readAndDump(rtf, problem), expected) << rtf.toStdString();
     }
-}
-
-QByteArray pngOf(const QSize &size)
-{
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return buffer.data().toHex();
 }
 
 TEST(RtfReader, PicturesAreBoundedBeforeTheyAreDecoded)
@@ -111,10 +96,13 @@ TEST(RtfReader, PicturesAreBoundedBeforeTheyAreDecoded)
         return u"{\\rtf1 a{\\pict{\\*\\picprop{\\sp{\\sn wzDescription}{\\sv :\\u8364?\\tab\\}}}}\\pngblip "_s +
                QString::fromLatin1(png) + u"}b}"_s;
     };
-    EXPECT_EQ(readAndDump(rtf(pngOf({3, 2}))), u"[24]a[24 pic :\u20AC\t}]\uFFFC[24]b"_s);
-    EXPECT_EQ(readAndDump(rtf(pngOf({5000, 1})), Problem::TooManyPixels), u"[24]a:\u20AC\t}b"_s)
+    EXPECT_EQ(readAndDump(rtf(encoded(plain({3, 2}, 0xFFFF0000)).toHex())),
+              u"[24]a[24 pic :\u20AC\t}]\uFFFC[24]b"_s);
+    EXPECT_EQ(readAndDump(rtf(encoded(plain({5000, 1}, 0xFFFF0000)).toHex()), Problem::TooManyPixels),
+              u"[24]a:\u20AC\t}b"_s)
         << "the code stays";
-    EXPECT_EQ(readAndDump(rtf(pngOf({4096, 4000})), Problem::TooManyPixels), u"[24]a:\u20AC\t}b"_s);
+    EXPECT_EQ(readAndDump(rtf(encoded(plain({4096, 4000}, 0xFFFF0000)).toHex()), Problem::TooManyPixels),
+              u"[24]a:\u20AC\t}b"_s);
 }
 
 /// A document with a bit of everything, different for each seed.
