@@ -2,12 +2,15 @@
 
 #include "core/clsMyApp.h"
 #include "platform/font_dialog.h"
+#include "platform/on_screen.h"
 #include "platform/text_looks.h"
 
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
+#include <QPointer>
 #include <QScreen>
 #include <QStandardPaths>
 
@@ -28,6 +31,35 @@ QMessageBox::Icon toolkitIcon(PromptIcon icon)
     return QMessageBox::Information;
 }
 
+/// The window that a box stands over: the active one. A tool window goes when it is no longer the active one,
+/// so the window that it belongs to takes its place.
+QWidget *owner()
+{
+    QWidget *window = QApplication::activeWindow();
+    while (window != nullptr && window->windowType() == Qt::Tool && window->parentWidget() != nullptr) {
+        window = window->parentWidget()->window();
+    }
+    return window;
+}
+
+/// A dialog that may go with its owner while it is open; it has been rejected then.
+template <typename Dialog>
+class OwnedDialog
+{
+public:
+    explicit OwnedDialog(Dialog *dialog) : m_dialog(dialog) {}
+    ~OwnedDialog() { delete m_dialog; }
+    OwnedDialog(const OwnedDialog &) = delete;
+    OwnedDialog &operator=(const OwnedDialog &) = delete;
+
+    Dialog *operator->() const { return m_dialog; }
+    Dialog &operator*() const { return *m_dialog; }
+    [[nodiscard]] bool isAccepted() const { return m_dialog->exec() == QDialog::Accepted; }
+
+private:
+    QPointer<Dialog> m_dialog;
+};
+
 } // namespace
 
 void CentreDialog(QDialog &dialog)
@@ -37,19 +69,20 @@ void CentreDialog(QDialog &dialog)
     const QRect middle =
         owner != nullptr ? owner->window()->frameGeometry() : dialog.screen()->availableGeometry();
     dialog.move(clsMyApp::centredOn(middle, dialog.size()));
+    moveOnScreen(dialog);
 }
 
 PromptAnswer MessageBoxes::ask(const QString &text, const QString &caption, PromptIcon icon,
                                PromptButtons buttons)
 {
     const bool question = buttons == PromptButtons::YesNo;
-    QMessageBox box(QApplication::activeWindow());
-    box.setIcon(toolkitIcon(icon));
-    box.setWindowTitle(caption);
-    box.setTextFormat(Qt::PlainText); // the text may hold a stranger's name
-    box.setText(text);
-    box.setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
-    const int pressed = box.exec();
+    const OwnedDialog box(new QMessageBox(owner()));
+    box->setIcon(toolkitIcon(icon));
+    box->setWindowTitle(caption);
+    box->setTextFormat(Qt::PlainText); // the text may hold a stranger's name
+    box->setText(text);
+    box->setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
+    const int pressed = box->exec();
     if (!question) {
         return PromptAnswer::Ok;
     }
@@ -58,25 +91,34 @@ PromptAnswer MessageBoxes::ask(const QString &text, const QString &caption, Prom
 
 QString MessageBoxes::ShowSave(const QString &title, const QString &proposedName, const QString &filter)
 {
-    QFileDialog dialog(QApplication::activeWindow(), title,
-                       QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation), filter);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.selectFile(proposedName);
-    CentreDialog(dialog);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    const OwnedDialog dialog(new QFileDialog(
+        owner(), title, QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation), filter));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    dialog->setDefaultSuffix(QFileInfo(proposedName).suffix());
+    dialog->selectFile(proposedName);
+    CentreDialog(*dialog);
+    while (dialog.isAccepted()) {
+        const QString file = dialog->selectedFiles().value(0);
+        const QString folder = QFileInfo(file).absolutePath();
+        if (QFileInfo(folder).isDir()) {
+            return file;
+        }
+        tell(QCoreApplication::translate("MessageBoxes", "There is no folder \"%1\".").arg(folder), title,
+             PromptIcon::Warning);
+    }
+    return {};
 }
 
 std::optional<QFont> MessageBoxes::ShowFont(const QFont &current, int smallest, int largest)
 {
-    FontDialog dialog(current, smallest, largest, QApplication::activeWindow());
-    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.chosenFont()) : std::nullopt;
+    const OwnedDialog dialog(new FontDialog(current, smallest, largest, owner()));
+    return dialog.isAccepted() ? std::optional(dialog->chosenFont()) : std::nullopt;
 }
 
 std::optional<ColourValue> MessageBoxes::ShowColor(ColourValue current)
 {
-    QColorDialog dialog(toColor(current), QApplication::activeWindow());
-    CentreDialog(dialog);
-    return dialog.exec() == QDialog::Accepted ? std::optional(colourOf(dialog.selectedColor()))
-                                              : std::nullopt;
+    const OwnedDialog dialog(new QColorDialog(toColor(current), owner()));
+    CentreDialog(*dialog);
+    return dialog.isAccepted() ? std::optional(colourOf(dialog->selectedColor())) : std::nullopt;
 }

@@ -4,7 +4,8 @@
 
 class QDialog;
 
-/// Moves a dialog that is not yet shown over the middle of its owner, or of the screen when it has none.
+/// Moves a dialog that is not yet shown over the middle of its owner, or of the screen when it has none;
+/// as far as it is seen whole there.
 void CentreDialog(QDialog &dialog);
 
 /// The toolkit's own message boxes and dialogs, over the window that is active.

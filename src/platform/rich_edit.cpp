@@ -3,7 +3,6 @@
 #include "platform/find_bar.h"
 #include "platform/rich_edit_accessible.h"
 #include "platform/rich_printing.h"
-#include "richtext/rtf_writer.h"
 #include "richtext/text_search.h"
 
 #include <QAccessible>
@@ -74,18 +73,6 @@ void RichEdit::append(const RichDocument &text)
     Q_EMIT textChanged();
 }
 
-void RichEdit::insert(qsizetype position, const RichDocument &text)
-{
-    const qsizetype first = m_document.placeOf(position).paragraph;
-    const qsizetype anchor = m_document.positionOf(m_selection.anchor());
-    const qsizetype caretBefore = caret();
-    const auto moved = [&](qsizetype place) { return place > position ? place + text.length() : place; };
-    m_document.insert(position, text);
-    m_editing.forget();
-    textWasChanged(first);
-    select(moved(anchor), moved(caretBefore));
-}
-
 void RichEdit::clear()
 {
     const QString before = QAccessible::isActive() ? m_spoken.text(0, m_spoken.length()) : QString();
@@ -96,37 +83,6 @@ void RichEdit::clear()
     announceCleared(*this, before);
     select(0, 0);
     m_view.toEnd();
-}
-
-QByteArray RichEdit::rtf() const
-{
-    return writeRtf(m_document);
-}
-
-RtfStatus RichEdit::setRtf(QStringView rtf)
-{
-    clear();
-    return insertRtf(0, rtf);
-}
-
-RtfStatus RichEdit::insertRtf(qsizetype position, QStringView rtf)
-{
-    RichDocument read;
-    const RtfStatus status = readRtf(rtf, read);
-    insert(position, read);
-    return status;
-}
-
-void RichEdit::insertPicture(const std::shared_ptr<const Picture> &picture)
-{
-    RichDocument one;
-    const qsizetype at = selectionStart();
-    ParagraphBuilder builder;
-    builder.appendPicture(one.pictureNumber(picture), one.formatNumber(m_editing.formatAt(at, one)));
-    one.replaceLast(builder.take(0));
-    m_document.remove(at, selectionEnd());
-    insert(at, one);
-    select(at + 1, at + 1);
 }
 
 void RichEdit::textWasChanged(qsizetype firstParagraph)
@@ -163,11 +119,6 @@ QString RichEdit::selectedText() const
     return m_document.plainText(selectionStart(), selectionEnd());
 }
 
-QByteArray RichEdit::selectedRtf() const
-{
-    return writeRtf(m_document.copy(selectionStart(), selectionEnd()));
-}
-
 void RichEdit::setFontIn(qsizetype from, qsizetype to, const QString &family, double points)
 {
     const quint16 font = m_document.fontNumber(family);
@@ -175,15 +126,6 @@ void RichEdit::setFontIn(qsizetype from, qsizetype to, const QString &family, do
     m_document.changeFormats(from, to, [&](TextFormat &format) {
         format.font = font;
         format.halfPoints = halfPoints;
-    });
-    textWasChanged(m_document.placeOf(from).paragraph);
-}
-
-void RichEdit::setSpaceBefore(qsizetype from, qsizetype to, double points)
-{
-    constexpr double twipsPerPoint = 20;
-    m_document.changeParagraphFormats(from, to, [&](ParagraphFormat &format) {
-        format.spaceBefore = static_cast<qint32>(points * twipsPerPoint);
     });
     textWasChanged(m_document.placeOf(from).paragraph);
 }

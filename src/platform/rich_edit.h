@@ -5,7 +5,6 @@
 #include "platform/rich_view.h"
 #include "platform/spoken_text.h"
 #include "platform/text_editing.h"
-#include "richtext/rtf_reader.h"
 
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
@@ -35,14 +34,7 @@ public:
     /// As paragraphs of their own behind the last. The view and the selection stay where they are; a caret at
     /// the end stays at the end.
     void append(const RichDocument &text);
-    void insert(qsizetype position, const RichDocument &text);
     void clear();
-    [[nodiscard]] QByteArray rtf() const;
-    /// The whole content anew; what was readable of it when the status says that not all was.
-    RtfStatus setRtf(QStringView rtf);
-    RtfStatus insertRtf(qsizetype position, QStringView rtf);
-    /// Over the selection, which is then behind it and empty.
-    void insertPicture(const std::shared_ptr<const Picture> &picture);
 
     // The selection; its end is where the caret is.
     void select(qsizetype anchor, qsizetype caret);
@@ -52,7 +44,6 @@ public:
     [[nodiscard]] qsizetype selectionEnd() const { return m_document.positionOf(m_selection.to()); }
     [[nodiscard]] qsizetype caret() const { return m_document.positionOf(m_selection.caret()); }
     [[nodiscard]] QString selectedText() const;
-    [[nodiscard]] QByteArray selectedRtf() const;
     [[nodiscard]] Place anchorPlace() const { return m_selection.anchor(); }
     [[nodiscard]] Place caretPlace() const { return m_selection.caret(); }
     void select(Place anchor, Place caret);
@@ -61,7 +52,6 @@ public:
 
     // Looks over a range.
     void setFontIn(qsizetype from, qsizetype to, const QString &family, double points);
-    void setSpaceBefore(qsizetype from, qsizetype to, double points);
     /// Of text that has no colour of its own.
     void setTextColour(const QColor &colour);
     void setBackgroundColour(const QColor &colour);

@@ -202,8 +202,10 @@ bool RichEdit::viewportEvent(QEvent *event)
             QToolTip::hideText();
             event->ignore();
         } else {
+            // As it is sent, so that nothing invisible and no look-alike letters of another script are in it.
             // Without the tag an address would be shown as plain text, its escapes included.
-            const QString shown = u"<qt>" + link.toDisplayString().toHtmlEscaped() + u"</qt>";
+            const QString sent = QString::fromLatin1(link.toEncoded());
+            const QString shown = u"<qt>" + sent.toHtmlEscaped() + u"</qt>";
             QToolTip::showText(help->globalPos(), shown, viewport());
         }
         return true;

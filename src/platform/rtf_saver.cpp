@@ -1,5 +1,7 @@
 #include "platform/rtf_saver.h"
 
+#include "platform/whole_file.h"
+
 #include <QElapsedTimer>
 #include <QProgressDialog>
 #include <QTimerEvent>
@@ -40,7 +42,7 @@ void RtfSaver::timerEvent(QTimerEvent *event)
     if (m_progress->wasCanceled() || !writePortion()) {
         end(false);
     } else if (m_written == m_text.paragraphCount()) {
-        end(m_file.write(RtfWriter::footer()) > 0 && m_file.commit());
+        end(write(RtfWriter::footer()) && commitWhole(m_file));
     } else {
         m_progress->setValue(static_cast<int>(m_written));
     }
@@ -50,17 +52,22 @@ bool RtfSaver::writePortion()
 {
     QElapsedTimer elapsed;
     elapsed.start();
-    if (!m_file.isOpen() && (!m_file.open(QIODevice::WriteOnly) || m_file.write(m_writer->header()) < 0)) {
+    if (!m_file.isOpen() && (!m_file.open(QIODevice::WriteOnly) || !write(m_writer->header()))) {
         return false;
     }
     while (m_written < m_text.paragraphCount() && !elapsed.hasExpired(portionMilliseconds)) {
         const qsizetype last = std::min(m_written + paragraphsAtOnce, m_text.paragraphCount());
-        if (m_file.write(m_writer->paragraphs(m_written, last)) < 0) {
+        if (!write(m_writer->paragraphs(m_written, last))) {
             return false;
         }
         m_written = last;
     }
     return true;
+}
+
+bool RtfSaver::write(const QByteArray &rtf)
+{
+    return m_file.write(rtf) == rtf.size();
 }
 
 void RtfSaver::end(bool saved)

@@ -34,6 +34,7 @@ protected:
 
 private:
     [[nodiscard]] bool writePortion();
+    [[nodiscard]] bool write(const QByteArray &rtf);
     void end(bool saved);
 
     RichDocument m_text;

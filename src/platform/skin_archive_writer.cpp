@@ -1,7 +1,6 @@
 #include "platform/skin_archive.h"
 #include "platform/skin_error.h"
-
-#include <QSaveFile>
+#include "platform/whole_file.h"
 
 #include <algorithm>
 #include <zip.h>
@@ -86,7 +85,7 @@ void writeSkinArchive(std::vector<SkinContent> contents, const QString &path)
 {
     const QByteArray bytes = skinArchive(std::move(contents));
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !commitWhole(file)) {
         throw SkinError(path, {}, file.errorString());
     }
 }

@@ -1,13 +1,32 @@
 #include "platform/tcp_listener.h"
 
 #include <arpa/inet.h>
+#include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 #include <utility>
 
-TcpListener::TcpListener(QObject *parent) : QObject(parent) {}
+namespace {
+
+constexpr int retryMilliseconds = 1000;
+
+/// The connection stays where it is; trying again at once would fail again.
+bool isExhaustion(int error)
+{
+    return error == EMFILE || error == ENFILE || error == ENOBUFS || error == ENOMEM;
+}
+
+} // namespace
+
+TcpListener::TcpListener(QObject *parent) : QObject(parent)
+{
+    m_retry.setSingleShot(true);
+    m_retry.setInterval(retryMilliseconds);
+    connect(&m_retry, &QTimer::timeout, this, [this] { m_notifier->setEnabled(true); });
+}
 
 TcpListener::~TcpListener()
 {
@@ -40,12 +59,30 @@ bool TcpListener::listen(quint16 port)
 std::unique_ptr<TcpSocket> TcpListener::accept()
 {
     const int descriptor = accept4(m_descriptor, nullptr, nullptr, SOCK_CLOEXEC);
-    return descriptor < 0 ? nullptr : std::make_unique<TcpSocket>(descriptor);
+    if (descriptor < 0) {
+        if (isExhaustion(errno)) {
+            pause(errno);
+        }
+        return nullptr;
+    }
+    m_isPaused = false;
+    return std::make_unique<TcpSocket>(descriptor);
+}
+
+void TcpListener::pause(int error)
+{
+    m_notifier->setEnabled(false);
+    m_retry.start();
+    if (!std::exchange(m_isPaused, true)) {
+        Q_EMIT paused(QString::fromLocal8Bit(std::strerror(error)));
+    }
 }
 
 void TcpListener::close()
 {
+    m_retry.stop();
     m_notifier.reset();
+    m_isPaused = false;
     if (m_descriptor >= 0) {
         ::close(std::exchange(m_descriptor, -1));
     }

@@ -15,9 +15,6 @@ public:
     /// than tab are left out, and line ends become line breaks. Gives the position behind it.
     qsizetype replace(qsizetype from, qsizetype to, QStringView text);
 
-    /// The look that text typed at the position has, with a number of the other document for its font.
-    [[nodiscard]] TextFormat formatAt(qsizetype position, RichDocument &other) const;
-
     /// How text looks that is typed into an empty document.
     void setFormat(const TextFormat &format, const QString &font);
 
@@ -37,6 +34,8 @@ private:
         RichDocument inserted;
     };
 
+    /// The look that text typed at the position has, with a number of the other document for its font.
+    [[nodiscard]] TextFormat formatAt(qsizetype position, RichDocument &other) const;
     qsizetype step(std::vector<Step> &from, std::vector<Step> &to);
     [[nodiscard]] bool joins(const Step &step) const;
 

@@ -2,20 +2,19 @@
 #include "platform/settings_file.h"
 #include "platform/skinnable.h"
 #include "platform/text_file.h"
+#include "support/files.h"
 #include "support/text.h"
 
+#include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QTemporaryDir>
 
-namespace {
+#include <thread>
 
-void write(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
+namespace {
 
 struct SettingsTest : testing::Test
 {
@@ -45,7 +44,7 @@ TEST(CodePage, EveryCharacterArrivesOrIsReplaced)
 TEST_F(SettingsTest, KeepsWhatItDoesNotKnow)
 {
     EXPECT_EQ(settings.ReadValue(u"Port"_s, u"0"_s, u"Chat"_s), u"0"_s);
-    write(settings.FileName, "; mine\n[Other]\nb=2\na=1\n\n[CHAT]\nPort=1\n");
+    writeFile(settings.FileName, "; mine\n[Other]\nb=2\na=1\n\n[CHAT]\nPort=1\n");
 
     EXPECT_EQ(settings.ReadValue(u"port"_s, u"0"_s, u"Chat"_s), u"1"_s);
     ASSERT_TRUE(settings.WriteValue(u"Port"_s, u"5190"_s, u"Chat"_s));
@@ -74,14 +73,43 @@ TEST_F(SettingsTest, AFolderInItsPlaceGivesDefaultsAndRefusesWrites)
     EXPECT_TRUE(QFileInfo(folder.path()).isDir());
 }
 
+TEST_F(SettingsTest, WritersAtTheSameTimeLoseNothing)
+{
+    const auto write = [this](const QString &section) {
+        for (int i = 0; i < 40; ++i) {
+            settings.WriteValue(QString::number(i), u"x"_s, section);
+        }
+    };
+    std::thread other(write, u"B"_s);
+    write(u"A"_s);
+    other.join();
+    EXPECT_EQ(readTextFile(settings.FileName).value_or(QString()).count(u"=x"), 80);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{u"Pylox.ini"_s});
+}
+
+TEST_F(SettingsTest, ALockThatIsNotGivenBackHoldsNobodyUp)
+{
+    QElapsedTimer elapsed;
+    elapsed.start();
+    writeFile(settings.FileName + u".lock", "2000000000\nother\n"); // of a program that has died
+    EXPECT_TRUE(settings.WriteValue(u"Port"_s, u"8"_s, u"Chat"_s));
+    QLockFile held(settings.FileName + u".lock");
+    ASSERT_TRUE(held.tryLock(0));
+    EXPECT_TRUE(settings.WriteValue(u"Port"_s, u"9"_s, u"Chat"_s));
+    EXPECT_EQ(settings.ReadValue(u"Port"_s, {}, u"Chat"_s), u"9"_s);
+    EXPECT_LT(elapsed.elapsed(), 2000);
+}
+
 TEST(TextFile, ReadsWhatOtherProgramsWrite)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"a.txt"_s);
     EXPECT_FALSE(readTextFile(path));
-    for (const QByteArray &bytes : {QByteArray("\xEF\xBB\xBFna\xC3\xAFve"), QByteArray("na\xEFve")}) {
-        write(path, bytes);
-        EXPECT_EQ(readTextFile(path), u"na\u00EFve"_s);
+    const QByteArray cases[] = {"\xEF\xBB\xBFna\xC3\xAF", "na\xC3\xAF", "na\xEF",
+                                QByteArray("\xFF\xFEn\0a\0\xEF\0", 8)};
+    for (const QByteArray &bytes : cases) {
+        writeFile(path, bytes);
+        EXPECT_EQ(readTextFile(path), u"na\u00EF"_s) << bytes.toHex().constData();
     }
     ASSERT_TRUE(writeTextFile(path, u"\u4F60"_s));
     EXPECT_EQ(readTextFile(path), u"\u4F60"_s);

@@ -1,6 +1,7 @@
 #include "platform/rich_edit.h"
 #include "richtext/documents.h"
 #include "richtext/dump.h"
+#include "richtext/rtf_reader.h"
 #include "support/eventually.h"
 #include "support/text.h"
 

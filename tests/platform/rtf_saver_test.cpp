@@ -2,9 +2,9 @@
 #include "richtext/documents.h"
 #include "richtext/rtf_reader.h"
 #include "support/eventually.h"
+#include "support/files.h"
 #include "support/text.h"
 
-#include <QFile>
 #include <QProgressDialog>
 #include <QTemporaryDir>
 #include <QWidget>
@@ -50,10 +50,8 @@ TEST(RtfSaver, TheFileAppearsWholeOrNotAtAll)
     const Saved whole = save(document, path);
     ASSERT_TRUE(whole.saved);
     EXPECT_GT(whole.turns, 4) << "others have had their turns meanwhile";
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     RichDocument read;
-    ASSERT_TRUE(readRtf(file.readAll(), read).isOk());
+    ASSERT_TRUE(readRtf(contentOf(path), read).isOk());
     EXPECT_EQ(read.plainText(), document.plainText());
 }
 

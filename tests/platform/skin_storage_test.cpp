@@ -2,13 +2,12 @@
 #include "platform/skin_storage.h"
 #include "platform/skin_toml.h"
 #include "platform/skin_values.h"
+#include "support/files.h"
+#include "support/pictures.h"
 #include "support/text.h"
 
-#include <QBuffer>
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
-#include <QtEndian>
 
 #include <sys/stat.h>
 
@@ -16,21 +15,7 @@ namespace {
 
 QByteArray picture(int width, int height, const char *format = "png")
 {
-    QImage image(width, height, QImage::Format_RGB888);
-    image.fill(qRgb(255, 0, 0));
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, format);
-    return bytes;
-}
-
-/// A picture whose header says something else than its body.
-QByteArray lyingPicture(qint32 width, qint32 height)
-{
-    QByteArray bytes = picture(2, 2, "bmp");
-    qToLittleEndian(width, bytes.data() + 18);
-    qToLittleEndian(height, bytes.data() + 22);
-    return bytes;
+    return encoded(plain({width, height}, 0xFFFF0000), format);
 }
 
 QByteArray archiveOf(const QByteArray &toml, std::vector<SkinContent> more = {})
@@ -52,13 +37,6 @@ QByteArray renamed(QByteArray archive, const QByteArray &from, const QByteArray 
 {
     EXPECT_EQ(from.size(), to.size());
     return archive.replace(from, to);
-}
-
-void write(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
 }
 
 /// What the error says; empty when there is none.
@@ -161,7 +139,7 @@ TEST_F(SkinStorageTest, PicturesComeWithTheirFineOnes)
           {u"d@2x.png"_s, picture(6, 4).chopped(30)},
           {u"bad.png"_s, picture(3, 2).left(20)},
           {u"g.png"_s, "GIF89a"},
-          {u"l.png"_s, lyingPicture(4000, 4000)}});
+          {u"l.png"_s, promisedPicture(4000, 4000)}});
     const auto both = get<SkinPicture>(u"a"_s, SkinType::Object);
     EXPECT_EQ(both.image.pixelColor(2, 1), QColor(Qt::red));
     EXPECT_EQ(both.image2x.size(), QSize(6, 4));
@@ -186,7 +164,7 @@ TEST_F(SkinStorageTest, PicturesThatWouldTakeTooMuchAreRefused)
     std::vector<SkinContent> many;
     QByteArray toml = "[S]\nwide='w.png'\nout='../a.png'\n";
     for (int i = 0; i < 5; ++i) {
-        many.push_back({QString::number(i) + u".bmp", lyingPicture(4096, 4096)});
+        many.push_back({QString::number(i) + u".bmp", promisedPicture(4096, 4096)});
         toml += "k" + QByteArray::number(i) + "='" + QByteArray::number(i) + ".bmp'\n";
     }
     many.push_back({u"w.png"_s, picture(4097, 1)});
@@ -214,11 +192,7 @@ TEST_F(SkinStorageTest, ArchivesThatNoSkinMayBeAreRefused)
         many[i].path = QString::number(i);
     }
     const QByteArray full = skinArchive(many);
-    const struct
-    {
-        QString why;
-        QByteArray archive;
-    } cases[] = {
+    const std::pair<QString, QByteArray> cases[] = {
         {u"a.skn: no skin archive"_s, "hello"},
         {u"a.skn: no skin archive"_s, good.chopped(30)},
         {u"a.skn: there is no skin.toml"_s, renamed(good, "skin.toml", "skin.tomb")},
@@ -299,10 +273,10 @@ TEST_F(SkinStorageTest, AFolderIsReadLikeAnArchiveAndNotBeyond)
     const QTemporaryDir place;
     const QDir skin(place.filePath(u"skin"_s));
     ASSERT_TRUE(skin.mkpath(u"p"_s));
-    write(skin.filePath(u"skin.toml"_s),
-          "[S]\na='p/a.png'\nin='in.png'\nout='out.png'\nup='../a.png'\npipe='pipe'\n");
-    write(skin.filePath(u"p/a.png"_s), picture(1, 1));
-    write(place.filePath(u"a.png"_s), picture(1, 1));
+    writeFile(skin.filePath(u"skin.toml"_s),
+              "[S]\na='p/a.png'\nin='in.png'\nout='out.png'\nup='../a.png'\npipe='pipe'\n");
+    writeFile(skin.filePath(u"p/a.png"_s), picture(1, 1));
+    writeFile(place.filePath(u"a.png"_s), picture(1, 1));
     ASSERT_TRUE(QFile::link(skin.filePath(u"p/a.png"_s), skin.filePath(u"in.png"_s)));
     for (const QString &path : {skin.path(), skin.filePath(u"skin.toml"_s)}) {
         storage.OpenFile(path);
@@ -320,8 +294,8 @@ TEST_F(SkinStorageTest, AFolderIsReadLikeAnArchiveAndNotBeyond)
     }
     EXPECT_NE(errorOf([&] { (void)SkinFiles(skin.path()).entries(); }), QString());
 
-    write(place.filePath(u"empty.skn"_s), {});
-    write(place.filePath(u"large.skn"_s), {});
+    writeFile(place.filePath(u"empty.skn"_s), {});
+    writeFile(place.filePath(u"large.skn"_s), {});
     ASSERT_TRUE(QFile::resize(place.filePath(u"large.skn"_s), SkinLimits::bytes + 1));
     for (const QString &path : {place.path(), place.filePath(u"none"_s), place.filePath(u"empty.skn"_s),
                                 place.filePath(u"large.skn"_s), skin.filePath(u"pipe"_s), QString()}) {
@@ -336,9 +310,7 @@ TEST_F(SkinStorageTest, TheSameFilesMakeTheSameArchive)
     const SkinContent toml{u"skin.toml"_s, QByteArray("[S]\na=1\n").repeated(50)};
     const SkinContent image{u"p/\u00E9.png"_s, picture(2, 2)};
     writeSkinArchive({toml, image}, path);
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), skinArchive({image, toml}));
+    EXPECT_EQ(contentOf(path), skinArchive({image, toml}));
     SkinFiles files(path);
     EXPECT_EQ(files.read(image.path), image.bytes);
     EXPECT_EQ(files.read(toml.path), toml.bytes);

@@ -3,6 +3,8 @@
 
 #include <array>
 #include <gtest/gtest.h>
+#include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -79,6 +81,31 @@ TEST_F(Connection, ClosingAndResettingAreToldApart)
     listener.close();
     client.connectToLocalHost(port); // nobody listens any more
     EXPECT_TRUE(eventually([&] { return client.state() == TcpSocket::State::NotConnected; }));
+}
+
+TEST_F(Connection, WithoutDescriptorsTheListenerRestsAndGoesOnLater)
+{
+    int arrivals = 0;
+    QStringList reasons;
+    QObject::connect(&listener, &TcpListener::arrived, [&] {
+        ++arrivals;
+        server = listener.accept();
+    });
+    QObject::connect(&listener, &TcpListener::paused, [&](const QString &why) { reasons += why; });
+    server.reset();
+    client.close();
+    client.connectToLocalHost(listener.port());
+    std::vector<int> taken;
+    for (int one = 0; (one = dup(0)) >= 0;) {
+        taken.push_back(one);
+    }
+    (void)eventually([] { return false; }, 1500);
+    EXPECT_LE(arrivals, 3);
+    EXPECT_EQ(reasons.size(), 1);
+    for (const int one : taken) {
+        close(one);
+    }
+    EXPECT_TRUE(eventually([&] { return server != nullptr; }));
 }
 
 } // namespace
