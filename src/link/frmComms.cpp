@@ -134,8 +134,17 @@ void frmComms::handleReceived()
     m_handleRest.stop();
 }
 
+void frmComms::setRoomEvents(RoomEventHandler *handler)
+{
+    m_dispatcher.setRoomEvents(handler);
+    if (handler != nullptr && m_hasEnded) {
+        handler->ShutDown(false);
+    }
+}
+
 void frmComms::endConnection()
 {
+    m_hasEnded = true;
     tcpClient.close();
     m_queue.failAll();
     if (RoomEventHandler *room = m_dispatcher.roomEvents()) {

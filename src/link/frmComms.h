@@ -54,8 +54,8 @@ public:
     /// Connects to the messenger's port: the command line's, else the settings file's. True when connected.
     [[nodiscard]] bool ConnectToClient(const CommandLine &commandLine);
 
-    /// Who is told of room events; not owned, null for nobody.
-    void setRoomEvents(RoomEventHandler *handler) { m_dispatcher.setRoomEvents(handler); }
+    /// Who is told of room events, at once of a connection that has ended; not owned, null for nobody.
+    void setRoomEvents(RoomEventHandler *handler);
 
     /// Stops all writes and ends every wait, for good.
     void setShutDown() { m_shutDown = true; }
@@ -115,6 +115,7 @@ private:
     FloodLock m_floodLock;
     QTimer tmrTCPSend;
     QTimer tmrCheckComms;
-    QTimer m_handleRest; ///< runs while messages are being handled, for handlers that let events run
+    QTimer m_handleRest;     ///< runs while messages are being handled, for handlers that let events run
+    bool m_hasEnded = false; ///< the connection, by the messenger
     bool m_shutDown = false;
 };

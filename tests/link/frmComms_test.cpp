@@ -120,6 +120,19 @@ TEST_F(Link, TheEndOfTheConnectionEndsEveryWait)
     EXPECT_FALSE(link.SendMessage(u"x"_s, {})) << "and later requests fail at once";
 }
 
+TEST_F(Link, WhoComesAfterTheEndOfTheConnectionIsToldOfIt)
+{
+    link.setRoomEvents(nullptr);
+    messenger.closeClient();
+    EXPECT_TRUE(eventually([this] { return !link.LeaveChannel(); }));
+    room.events.clear();
+    ASSERT_TRUE(eventually([this] {
+        link.setRoomEvents(&room);
+        return !room.events.isEmpty();
+    }));
+    EXPECT_EQ(room.events.first(), u"shut-down"_s);
+}
+
 TEST_F(Link, AResetIsTheLastRecordsOwnFailure)
 {
     answerWith({});
