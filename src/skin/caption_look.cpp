@@ -2,6 +2,12 @@
 
 #include <cmath>
 
+namespace {
+
+const QString mark = QStringLiteral("[*]"); // stands for an unsaved document, unless it is doubled
+
+} // namespace
+
 QFont captionFont(QFont font)
 {
     if (font.pointSizeF() > 0) {
@@ -9,4 +15,14 @@ QFont captionFont(QFont font)
     }
     font.setWeight(font.bold() ? QFont::Bold : QFont::Normal);
     return font;
+}
+
+QString titleFor(QString caption)
+{
+    return caption.replace(mark, QString(mark % mark));
+}
+
+QString captionOf(QString title)
+{
+    return title.replace(QString(mark % mark), mark);
 }

@@ -219,7 +219,7 @@ void clsSkin::drawCaption(QPainter &painter)
     const QPoint at(NonClient(NonClientPart::LeftWidth), (height - captionLabel().height()) / 2);
     const int room = NonClient(NonClientPart::TitleFreeEnd) - at.x();
     const QString title =
-        m_window->windowTitle().left(longestCaption).replace(u'\n', u' ').replace(u'\r', u' ');
+        captionOf(m_window->windowTitle()).left(longestCaption).replace(u'\n', u' ').replace(u'\r', u' ');
     const QString text = metrics.elidedText(QString(u"  " % title % u"  "), Qt::ElideRight, qMax(0, room));
     const QPoint baseline = at + QPoint(0, metrics.ascent());
 

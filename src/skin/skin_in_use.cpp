@@ -29,6 +29,10 @@ bool SkinInUse::change()
         m_report(QString(u"skin not used: " % error.reason()));
         return false;
     }
+    if (m_description->isRead() && !description->isRead()) {
+        m_report(QString(u"skin not used: there is no file \"" % m_myApp.Skin % u'"'));
+        return false;
+    }
     for (const QString &note : description->notes()) {
         m_report(QString(u"skin: " % note));
     }

@@ -29,7 +29,7 @@ public:
     explicit SkinInUse(const clsMyApp &myApp, WindowFrame frame = WindowFrame::Skin, Report report = {});
 
     /// Reads the skin that the application helper names. False, with the reason reported, when it cannot be
-    /// used: the one before stays. Where there is no such file, everything is empty.
+    /// used or its file has gone: the one before stays. Before there was one, everything is empty.
     bool change();
 
     /// Which pictures the next change reads; all of them to begin with.

@@ -166,11 +166,7 @@ TEST_F(DescriptionTest, SomeGroupsAreThereBetweenTheirActionsOnly)
 
 TEST_F(DescriptionTest, NumbersAreRoundedAndAMaskColourIsSeen)
 {
-    struct
-    {
-        QString toml;
-        int number;
-    } const table[] = {
+    const std::pair<QString, int> table[] = {
         {u"2"_s, 2},         {u"2.5"_s, 2},     {u"3.5"_s, 4},   {u"'-2.5 px'"_s, -2},
         {u"'letters'"_s, 0}, {u"'  7px'"_s, 7}, {u"'.6'"_s, 1},  {u"'99999999999'"_s, 2147483647},
         {u"'-'"_s, 0},       {u"''"_s, 0},      {u"'1e1'"_s, 10}};

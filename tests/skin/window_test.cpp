@@ -133,18 +133,11 @@ TEST_F(WindowTest, FaceAndShapeAreTiledFromThePieces)
     noBottom[B] = {};
     std::array<QSize, 8> tall = ordinary;
     tall[R] = {6, 30};
-    struct
-    {
-        const char *what;
-        QSize window;
-        std::array<QSize, 8> sizes;
-        qreal ratio = 1;
-        unsigned holes = 4;
-    } table[] = {
-        {"ordinary", {101, 77}, ordinary},
-        {"no bottom piece", {90, 70}, noBottom},
-        {"a right piece that is higher", {90, 70}, tall},
-        {"smaller than its corners", {9, 9}, ordinary},
+    const std::tuple<const char *, QSize, std::array<QSize, 8>, qreal, unsigned> table[] = {
+        {"ordinary", {101, 77}, ordinary, 1, 4},
+        {"no bottom piece", {90, 70}, noBottom, 1, 4},
+        {"a right piece that is higher", {90, 70}, tall, 1, 4},
+        {"smaller than its corners", {9, 9}, ordinary, 1, 4},
         {"150 %", {101, 77}, ordinary, 1.5, 0},
         {"175 %", {101, 77}, noBottom, 1.75, 0},
         {"200 %", {101, 77}, ordinary, 2, 0},
@@ -395,14 +388,7 @@ TEST_F(WindowTest, IsMovedAndResizedByItsOwnSurface)
     TestWindow dialog(inUse, windows);
     dialog.resize(200, 150);
     dialog.DoSkinChange();
-    struct
-    {
-        QPoint place;
-        DragZone zone;
-        Qt::CursorShape cursor;
-        QPoint way; ///< of the window's top left corner, for a movement by (8, 9)
-        QSize size;
-    } const table[] = {
+    const std::tuple<QPoint, DragZone, Qt::CursorShape, QPoint, QSize> table[] = {
         {{170, 25}, DragZone::Move, Qt::ArrowCursor, {8, 9}, {200, 150}},
         {{171, 25}, DragZone::None, Qt::ArrowCursor, {}, {200, 150}},
         {{193, 143}, DragZone::None, Qt::ArrowCursor, {}, {200, 150}},
@@ -452,9 +438,8 @@ TEST_F(WindowTest, EveryLoadedWindowWearsTheNewSkinAndNothingOfTheOld)
         skin.remove(u"Defaults"_s, u"Font"_s);
     }
     EXPECT_EQ(window.font(), QApplication::font());
-    skin.app.Skin += u'x';
+    skin.writeText({}); // a skin that brings nothing
     ASSERT_TRUE(inUse.change());
     windows.changeSkin();
-    EXPECT_EQ(window.palette(), QApplication::palette());
     EXPECT_EQ(window.windowHandle()->mask(), QRegion());
 }

@@ -2,9 +2,10 @@
 
 #include "core/clsMyApp.h"
 #include "skin/cDIBSection.h"
+#include "support/files.h"
+#include "support/pictures.h"
 #include "support/text.h"
 
-#include <QFile>
 #include <QMap>
 #include <QRegion>
 #include <QTemporaryDir>
@@ -27,13 +28,6 @@ inline QImage motley(QSize size, unsigned seed, unsigned holes = 0)
                                        : 0xFF000000 | static_cast<QRgb>(random()));
         }
     }
-    return image;
-}
-
-inline QImage plain(QSize size, QRgb colour)
-{
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(colour);
     return image;
 }
 
@@ -109,12 +103,7 @@ public:
         }
         writeText(text);
     }
-    void writeText(const QString &text) const
-    {
-        QFile file(app.Skin);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text.toUtf8());
-    }
+    void writeText(const QString &text) const { writeFile(app.Skin, text.toUtf8()); }
 
 private:
     QTemporaryDir m_folder;
