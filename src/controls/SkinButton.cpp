@@ -1,14 +1,14 @@
 #include "controls/SkinButton.h"
 
+#include "controls/skin_button_accessible.h"
 #include "platform/text_looks.h"
 #include "skin/aligned_painter.h"
 #include "skin/cDIBSectionRgn2.h"
 #include "skin/caption_look.h"
 
-#include <QAccessibleWidget>
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QRegularExpression>
 #include <QStyle>
 #include <QStyleOptionButton>
 
@@ -36,65 +36,6 @@ QChar accessCharacter(QStringView caption)
     const qsizetype mark = caption.indexOf(u'&');
     const qsizetype place = mark < 0 ? 0 : mark + 1;
     return place < caption.size() && caption[place] != u'&' ? caption[place] : QChar();
-}
-
-/// The toolkit's own would switch a button that latches over by itself.
-class AccessibleSkinButton final : public QAccessibleWidget
-{
-public:
-    explicit AccessibleSkinButton(SkinButton &button)
-        : QAccessibleWidget(&button, QAccessible::PushButton), m_button(button)
-    {}
-
-    QString text(QAccessible::Text kind) const override
-    {
-        if (kind == QAccessible::Name && m_button.accessibleName().isEmpty()) {
-            return withoutMarks(m_button.Caption());
-        }
-        return kind == QAccessible::Accelerator ? m_button.shortcut().toString(QKeySequence::NativeText)
-                                                : QAccessibleWidget::text(kind);
-    }
-    QAccessible::State state() const override
-    {
-        QAccessible::State state = QAccessibleWidget::state();
-        state.pressed = m_button.isDown();
-        state.checkable = m_button.canLatch();
-        state.checked = m_button.Down();
-        return state;
-    }
-    QStringList actionNames() const override
-    {
-        QStringList names = QAccessibleWidget::actionNames();
-        return m_button.isEnabled() ? QStringList{pressAction()} + names : names;
-    }
-    void doAction(const QString &name) override
-    {
-        if (name == pressAction()) {
-            m_button.animateClick(); // later: the caller need not wait for what the click does
-        } else {
-            QAccessibleWidget::doAction(name);
-        }
-    }
-    QStringList keyBindingsForAction(const QString &name) const override
-    {
-        return name == pressAction() ? QStringList{text(QAccessible::Accelerator)} : QStringList();
-    }
-
-private:
-    /// "&&" is a "&".
-    static QString withoutMarks(const QString &caption)
-    {
-        static const QRegularExpression mark(QStringLiteral("&(.?)"));
-        return QString(caption).replace(mark, QStringLiteral("\\1"));
-    }
-
-    SkinButton &m_button;
-};
-
-QAccessibleInterface *accessibleFor([[maybe_unused]] const QString &className, QObject *object)
-{
-    auto *button = qobject_cast<SkinButton *>(object);
-    return button == nullptr ? nullptr : new AccessibleSkinButton(*button);
 }
 
 } // namespace
@@ -140,7 +81,7 @@ SkinButton::SkinButton(QWidget *parent) : QAbstractButton(parent)
     connect(&tmrHittest, &QTimer::timeout, this, &SkinButton::animate);
     connect(this, &QAbstractButton::pressed, this, &SkinButton::redraw);
     connect(this, &QAbstractButton::released, this, &SkinButton::redraw);
-    QAccessible::installFactory(accessibleFor); // one that is there already is not added again
+    installSkinButtonAccessibility();
 }
 
 SkinButton::~SkinButton() = default;
@@ -460,13 +401,30 @@ QSize SkinButton::sizeHint() const
 
 void SkinButton::paintEvent(QPaintEvent * /*event*/)
 {
-    if (!m_isFinished) {
+    if (m_isFinished) {
+        takeState();
+        QPainter painter(this);
+        paintState(painter, m_shown);
+    } else {
         paintPlain();
-        return;
     }
-    takeState();
+    if (hasFocus() && Down()) {
+        paintFocusLine();
+    }
+}
+
+/// One that latches has no picture for being down with the keyboard on it.
+void SkinButton::paintFocusLine()
+{
+    if (m_isFinished && m_shown != ButtonState::Down) {
+        return; // the picture shows the keyboard
+    }
+    constexpr qreal inset = 4.5;
+    constexpr qreal roundness = 2;
     QPainter painter(this);
-    paintState(painter, m_shown);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(palette().color(m_isFinished ? QPalette::Link : QPalette::Highlight));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), roundness, roundness);
 }
 
 void SkinButton::enterEvent(QEnterEvent *event)

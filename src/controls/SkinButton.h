@@ -127,6 +127,7 @@ private:
     void paintState(QPainter &painter, ButtonState state) const;
     void paintCaption(QPainter &painter, ButtonState state) const;
     void paintPlain();
+    void paintFocusLine();
 
     cDIBSection m_strip;                    ///< every frame, side by side, of a finished skin
     std::array<SkinBitmap, 8> m_pictures;   ///< by state, while a skin is built

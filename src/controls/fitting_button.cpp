@@ -8,6 +8,7 @@
 namespace {
 
 constexpr int captionMargin = 10; // pixels at either end of a caption
+constexpr int signMargin = 6;     // between a caption and what is drawn beside it
 
 template <typename Item>
 struct PictureOf
@@ -32,10 +33,10 @@ constexpr std::array formatPictures = {PictureOf{ButtonState::Normal, RoomItem::
                                        PictureOf{ButtonState::HasFocus, RoomItem::HasFocusFormat},
                                        PictureOf{ButtonState::Mask, RoomItem::MaskFormat}};
 
-int widthFor(const SkinButton &button)
+int widthFor(const SkinButton &button, int margin = captionMargin)
 {
     const QFontMetrics metrics(captionFont(button.font()));
-    return metrics.size(Qt::TextShowMnemonic, button.Caption()).width() + 2 * captionMargin;
+    return metrics.size(Qt::TextShowMnemonic, button.Caption()).width() + 2 * margin;
 }
 
 template <typename Pictures, typename BitmapOf>
@@ -66,7 +67,71 @@ SkinBitmap widened(const SkinBitmap &bitmap, int more)
     return wide;
 }
 
+/// Whether two columns look alike where a caption stands.
+bool alike(const QImage &picture, int x, int y)
+{
+    const int top = picture.height() / 4;
+    for (int row = top; row < picture.height() - top; ++row) {
+        if (picture.pixel(x, row) != picture.pixel(y, row)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// How far what is drawn at the ends reaches into the picture, which is even between them; 0 for a picture
+/// that is nowhere even enough to tell.
+int drawnEnds(const QImage &picture)
+{
+    const int middle = picture.width() / 2;
+    int left = middle;
+    while (left > 0 && alike(picture, left - 1, middle)) {
+        --left;
+    }
+    int right = middle;
+    while (right + 1 < picture.width() && alike(picture, right + 1, middle)) {
+        ++right;
+    }
+    return right - left < picture.width() / 4 ? 0 : qMax(left, picture.width() - 1 - right);
+}
+
+/// The picture of that state, which are the ordinary ones where the button has none of its own.
+SkinBitmap pictureOf(const RoomButton &button, const clsSkinResourceNew &skin, ButtonItem ordinary)
+{
+    if (skin.ChatRoom(button.pictures).bitmap() == nullptr) {
+        return skin.DefaultButton(ordinary).bitmap();
+    }
+    const int offset = static_cast<int>(ordinary) - static_cast<int>(ButtonItem::Normal);
+    return skin.ChatRoom(static_cast<RoomItem>(static_cast<int>(button.pictures) + offset)).bitmap();
+}
+
+int widthLacking(const RoomButton &button, const clsSkinResourceNew &skin)
+{
+    const SkinBitmap normal = pictureOf(button, skin, ButtonItem::Normal);
+    if (!button.button->isFinished() || normal == nullptr) {
+        return 0;
+    }
+    const int margin = qMax(captionMargin, drawnEnds(normal->image()) + signMargin);
+    return widthFor(*button.button, margin) - normal->Width();
+}
+
 } // namespace
+
+void dressFittingColumn(std::initializer_list<RoomButton> column, const clsSkinResourceNew &skin)
+{
+    int more = 0;
+    for (const RoomButton &each : column) {
+        dressRoomButton(*each.button, skin, each.pictures, each.text);
+        more = qMax(more, widthLacking(each, skin));
+    }
+    if (more == 0) {
+        return;
+    }
+    for (const RoomButton &each : column) {
+        setPictures(*each.button, ordinaryPictures,
+                    [&](ButtonItem item) { return widened(pictureOf(each, skin, item), more); });
+    }
+}
 
 void dressFittingButton(SkinButton &button, const clsSkinResourceNew &skin)
 {

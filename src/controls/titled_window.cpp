@@ -3,6 +3,7 @@
 #include "controls/SkinButton.h"
 #include "controls/dressing.h"
 #include "controls/make_control.h"
+#include "platform/on_screen.h"
 
 #include <QEventLoop>
 #include <QKeyEvent>
@@ -48,8 +49,13 @@ QSize TitledWindow::sizeAround(QSize client) const
 void TitledWindow::ShowModal()
 {
     if (m_modal != nullptr) {
+        show();
         raise();
+        activateWindow();
         return;
+    }
+    if (testAttribute(Qt::WA_Moved)) { // else the window manager finds a place
+        moveOnScreen(*this);
     }
     setWindowModality(Qt::WindowModal);
     show();
@@ -58,7 +64,9 @@ void TitledWindow::ShowModal()
     m_modal = &loop;
     const QPointer<TitledWindow> self(this);
     connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
-    loop.exec();
+    while (loop.exec() == 0 && self != nullptr && !isHidden()) {
+        // It has been shown again since. Nothing but 0 means that the whole program is about to end.
+    }
     if (self != nullptr) {
         m_modal = nullptr;
     }

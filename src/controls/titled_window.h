@@ -36,7 +36,9 @@ public:
     TitledWindow(const WindowDress &dress, const TitledKind &kind, QWidget *owner);
 
     /// Shows the window over its owner, which cannot be used meanwhile, and returns when it has been hidden
-    /// or closed. Events go on: the window, or the program, may be gone by then.
+    /// or closed. Events go on: the window, or the program, may be gone by then. While an earlier call has
+    /// not returned, be it because a closed window still waits for something, the window comes back to the
+    /// front.
     void ShowModal();
 
 Q_SIGNALS:

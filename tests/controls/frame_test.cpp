@@ -73,12 +73,7 @@ TEST_F(FrameTest, EdgesAreTiledAndCornersCoverThem)
     frame.MaskColour = 0xFF00FF;
     const std::array<QSize, 9> all = {QSize(9, 8), QSize(7, 5), QSize(6, 11), QSize(4, 9), QSize(5, 3),
                                       QSize(8, 8), QSize(9, 6), QSize(12, 4), QSize()};
-    struct
-    {
-        const char *what;
-        QSize frame;
-        std::array<QSize, 9> sizes;
-    } table[] = {
+    std::tuple<const char *, QSize, std::array<QSize, 9>> table[] = {
         {"ordinary", {70, 50}, all},
         {"whole tiles", {63, 54}, all},
         {"narrower than its corners", {12, 50}, all},
@@ -87,13 +82,13 @@ TEST_F(FrameTest, EdgesAreTiledAndCornersCoverThem)
         {"only corners", {70, 50}, {all[0], QSize(), all[2], QSize(), QSize(), all[5], QSize(), all[7]}},
         {"nothing", {70, 50}, {}},
     };
-    table[3].sizes[8] = {16, 12};
+    std::get<2>(table[3])[8] = {16, 12};
     for (const auto &[what, size, sizes] : table) {
         frame.resize(size);
         setPieces(sizes);
         EXPECT_EQ(painted(), expected()) << what;
     }
-    setPieces(table[3].sizes);
+    setPieces(std::get<2>(table[3]));
     frame.SetSkin(FramePiece::TopLeft, bitmapOf(pieces[0]));
     for (const unsigned edge : {1U, 3U, 4U, 6U}) {
         pieces[edge] = QImage();

@@ -1,5 +1,6 @@
 #include "controls/SkinButton.h"
 #include "controls/SkinFrame.h"
+#include "controls/dressing.h"
 #include "skin/test_window.h"
 
 #include <QDir>
@@ -22,123 +23,6 @@ QPoint buttonPlace(int number)
     return {6 + 62 * number, 130};
 }
 
-/// The picture in both layers, drawn by the same strokes.
-template <typename Strokes>
-SkinPicture draw(QSize size, Strokes strokes)
-{
-    const auto layer = [&](int scale) {
-        QImage image = plain(size * scale, 0);
-        QPainter painter(&image);
-        painter.scale(scale, scale);
-        painter.setRenderHint(QPainter::Antialiasing);
-        strokes(painter);
-        return image;
-    };
-    return {layer(1), layer(2)};
-}
-
-/// The pieces of a border, in the order in which skins name them.
-std::array<SkinPicture, 8> cutUp(const SkinPicture &border, const QMargins &edges)
-{
-    const QRect all = border.image.rect();
-    const QRect in = all.marginsRemoved(edges);
-    const std::array columns = {std::pair(0, edges.left()), std::pair(in.left(), in.width()),
-                                std::pair(in.right() + 1, edges.right())};
-    const std::array rows = {std::pair(0, edges.top()), std::pair(in.top(), in.height()),
-                             std::pair(in.bottom() + 1, edges.bottom())};
-    std::array<SkinPicture, 8> pieces;
-    for (std::size_t i = 0; i < 8; ++i) {
-        const std::size_t place = i < 4 ? i : i + 1; // the middle is no piece
-        const auto [x, width] = columns[place % 3];
-        const auto [y, height] = rows[place / 3];
-        pieces[i] = {border.image.copy(x, y, width, height),
-                     border.image2x.copy(2 * x, 2 * y, 2 * width, 2 * height)};
-    }
-    return pieces;
-}
-
-void roundedBox(QPainter &painter, const QRectF &box, qreal radius, QColor top, QColor bottom, QColor line)
-{
-    QLinearGradient ground(box.topLeft(), box.bottomLeft());
-    ground.setColorAt(0, top);
-    ground.setColorAt(1, bottom);
-    painter.setBrush(ground);
-    painter.setPen(QPen(line, 1));
-    painter.drawRoundedRect(box.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-}
-
-SkinPicture drawnButton(QColor top, QColor bottom, QColor line)
-{
-    return draw(buttonSize, [&](QPainter &painter) {
-        roundedBox(painter, QRectF(QPointF(), QSizeF(buttonSize)), 6, top, bottom, line);
-    });
-}
-
-void dressButton(SkinButton &button)
-{
-    const auto give = [&](ButtonState state, const SkinPicture &picture) {
-        button.SetSkin(state, bitmapOf(picture.image, picture.image2x));
-    };
-    give(ButtonState::Normal, drawnButton(QColor(0xF8FAFC), QColor(0xC4D0DC), QColor(0x5A6C80)));
-    give(ButtonState::Over, drawnButton(QColor(0xFFFFFF), QColor(0xD8E8F8), QColor(0x2C6CB0)));
-    give(ButtonState::Clicked, drawnButton(QColor(0xA8B8C8), QColor(0xD8E0E8), QColor(0x3C4C60)));
-    give(ButtonState::Disabled, drawnButton(QColor(0xE8E8E8), QColor(0xDCDCDC), QColor(0xB0B0B0)));
-    give(ButtonState::HasFocus, drawnButton(QColor(0xF8FAFC), QColor(0xC4D0DC), QColor(0xE08020)));
-    give(ButtonState::Down, drawnButton(QColor(0x90A8C0), QColor(0xB8C8D8), QColor(0x203040)));
-    button.FinishSkin();
-    give(ButtonState::Overlay, draw({46, 6}, [](QPainter &painter) {
-             painter.setPen(QPen(QColor(0xC03030), 1.5));
-             painter.drawLine(QPointF(2, 3), QPointF(8, 3));
-             painter.drawEllipse(QPointF(42, 3), 2, 2);
-         }));
-    button.setFont(QFont(u"DejaVu Sans"_s, 9));
-    button.setCaption(u"&Send"_s);
-    button.Colours.ForeColour = 0x402010;
-    button.Colours.DisabledForeColour = 0x909090;
-    button.ClickTextOffset = QPoint(1, 1);
-}
-
-void dressFrame(SkinFrame &frame)
-{
-    const std::array pieces = cutUp(
-        draw({30, 30},
-             [](QPainter &painter) {
-                 roundedBox(painter, {0, 0, 30, 30}, 6, QColor(0xFFFFFF), QColor(0xD0DCE8), QColor(0x607890));
-             }),
-        {6, 6, 6, 6});
-    for (std::size_t i = 0; i < pieces.size(); ++i) {
-        frame.SetSkin(static_cast<FramePiece>(i), bitmapOf(pieces[i].image, pieces[i].image2x));
-    }
-    const SkinPicture squares = draw({16, 16}, [](QPainter &painter) {
-        painter.fillRect(QRectF(0, 0, 16, 16), QColor(0xF4F0E8));
-        painter.fillRect(QRectF(0, 0, 8, 8), QColor(0xE8E0D0));
-        painter.fillRect(QRectF(8, 8, 8, 8), QColor(0xE8E0D0));
-    });
-    frame.SetSkin(FramePiece::Background, bitmapOf(squares.image, squares.image2x));
-    frame.BackColor = frame.MaskColour; // rounded corners show what is behind
-}
-
-void writeWindowSkin(WrittenSkin &skin)
-{
-    const std::array pieces = cutUp(
-        draw({40, 60},
-             [](QPainter &painter) {
-                 roundedBox(painter, {0, 0, 40, 60}, 8, QColor(0x5A8FC8), QColor(0x2C4A70), QColor(0x152438));
-             }),
-        {10, 24, 10, 10});
-    for (std::size_t i = 0; i < pieces.size(); ++i) {
-        skin.set(u"Defaults"_s, pieceNames[i], pieces[i].image, pieces[i].image2x);
-    }
-    skin.set(u"Defaults"_s, u"MaskColour"_s, plain({1, 1}, fuchsia));
-    skin.set(u"Defaults"_s, u"BackColour"_s, u"'#eef2f6'"_s);
-    skin.set(u"Defaults"_s, u"FormCaptionBackColour"_s, u"'none'"_s);
-    skin.set(u"Defaults"_s, u"FormCaptionForeColour"_s, u"'#ffffff'"_s);
-    skin.set(u"Defaults"_s, u"FormCaptionShadowColour"_s, u"'#102030'"_s);
-    skin.set(u"Defaults"_s, u"FormCaptionShadowOffset"_s, u"1"_s);
-    skin.set(u"Defaults"_s, u"FormCaptionFont"_s, u"{ face = 'DejaVu Sans', size = 10, bold = true }"_s);
-    skin.write();
-}
-
 QImage drawnSheet(qreal ratio)
 {
     QImage sheet(sheetSize * ratio, QImage::Format_RGB32);
@@ -146,9 +30,9 @@ QImage drawnSheet(qreal ratio)
     sheet.setDevicePixelRatio(ratio);
     QPainter painter(&sheet);
 
-    WrittenSkin skin;
-    writeWindowSkin(skin);
-    SkinInUse inUse(skin.app);
+    clsMyApp app(QStringLiteral("/"));
+    app.Skin = QStringLiteral(PYLOX_SOURCE_DIR "/tests/golden/skin/skin.toml");
+    SkinInUse inUse(app);
     EXPECT_TRUE(inUse.change());
     LoadedWindows windows;
     TestWindow window(inUse, windows);
@@ -163,13 +47,16 @@ QImage drawnSheet(qreal ratio)
     painter.restore();
 
     SkinButton button;
-    dressButton(button);
+    dressFormatButton(button, inUse.description(), RoomItem::BoldOverlay);
+    button.setCaption(u"&Send"_s);
+    button.ClickTextOffset = QPoint(1, 1);
     int number = 0;
     for (const ButtonState state : buttonStates) {
         painter.drawImage(buttonPlace(number++), button.picture(state, ratio));
     }
     SkinFrame frame;
-    dressFrame(frame);
+    dressFrame(frame, inUse.description());
+    frame.SetSkin(FramePiece::Background, inUse.description().PopupMenu(MenuItem::BackGround).bitmap());
     frame.resize(frameArea.size());
     frame.render(&painter, frameArea.topLeft(), {}, {});
     painter.end();
