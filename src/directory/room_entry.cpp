@@ -18,6 +18,7 @@ RoomEntry::RoomEntry(QWidget &directory, SharedState &state, frmComms &link, Roo
 bool RoomEntry::leave(bool confirm)
 {
     const QPointer directory(&m_directory);
+    m_lifecycle.endDeparture();
     if (m_state.IsRoomOwner) {
         m_lifecycle.CloseRoom(confirm);
     } else {
@@ -32,10 +33,7 @@ bool RoomEntry::join(const RoomToJoin &room)
     if (!leave(false)) {
         return false;
     }
-    m_state.CurrentRoomID = room.id;
-    m_state.IsRoomOwner = false;
-    m_state.RoomCategory = room.category;
-    m_state.RoomName = room.name;
+    m_lifecycle.headFor(room.id, room.category, room.name);
     const QPointer directory(&m_directory);
     SharedState &state = m_state; // which outlasts the directory
     const JoinRequest request = m_link.RequestJoinChannel();

@@ -85,7 +85,7 @@ void Admission::fetchContents()
             return;
         }
         if (const QString code = textOf(*contents, u"r"); code != u"0") {
-            reportContents(code);
+            reportContents(oneLine(code));
             return;
         }
         const qsizetype known = seen.size();

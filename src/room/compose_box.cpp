@@ -85,8 +85,10 @@ void ComposeBox::WriteEmotion(const QString &key, const clsEmoticons &emoticons)
 void ComposeBox::sent(const QString &text)
 {
     m_history.add(text);
-    if (rtfText.text() == text) {
-        rtfText.clear();
+    if (const QString now = rtfText.text(); now.startsWith(text)) {
+        const int caret = rtfText.cursorPosition() - static_cast<int>(text.size());
+        rtfText.setText(now.sliced(text.size()));
+        rtfText.setCursorPosition(qMax(0, caret));
     }
     rtfText.setFocus();
 }

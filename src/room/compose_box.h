@@ -30,8 +30,8 @@ public:
     /// there and from what follows.
     void WriteEmotion(const QString &key, const clsEmoticons &emoticons);
 
-    /// Empties the box after its text was sent, unless more has been typed meanwhile; the text can be had
-    /// again with Ctrl+Up.
+    /// Takes what was sent out of the box and leaves what has been typed behind it meanwhile; the text can be
+    /// had again with Ctrl+Up.
     void sent(const QString &text);
     /// The names that Tab completes.
     void setNames(const std::function<QStringList()> &names) { m_names = names; }

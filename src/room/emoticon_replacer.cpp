@@ -26,7 +26,8 @@ void EmoticonReplacer::ReplaceEmoticons(RichDocument &text, ColourValue ground)
     for (qsizetype end = plain.size(); end > 0;) {
         const qsizetype from = plain.lastIndexOf(u' ', end - 1) + 1;
         const QStringView word = QStringView(plain).sliced(from, end - from);
-        if (const QString name = table.CheckEmotion(word); !name.isEmpty()) {
+        const QString name = word.isEmpty() ? QString() : table.CheckEmotion(word);
+        if (!name.isEmpty()) {
             const auto picture = pictureFor(name, word);
             if (!picture) {
                 break;

@@ -18,16 +18,19 @@
 #include "room/message_text.h"
 #include "room/room_layout.h"
 #include "room/saved_settings.h"
+#include "skin/caption_look.h"
 #include "skin/icon_list.h"
 #include "skin/skin_chat_colours.h"
 
 #include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QShortcut>
 #include <QTextDocument>
 #include <QTreeWidget>
@@ -91,8 +94,12 @@ void frmMain::connectControls()
     connect(c.smdMenu, &QAbstractButton::clicked, this, &frmMain::showMenu);
     connect(c.smdEmoticon, &QAbstractButton::clicked, this, &frmMain::showEmoticons);
     connect(c.smdEmotions, &QAbstractButton::clicked, this, &frmMain::switchEmotions);
-    connect(c.lstEmotions, &QListWidget::itemActivated, this,
-            [this](const QListWidgetItem *item) { sendEmotion(item->text()); });
+    connect(c.lstEmotions, &QListWidget::itemDoubleClicked, this, &frmMain::sendChosenEmotion);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto *enter = new QShortcut(key, c.lstEmotions);
+        enter->setContext(Qt::WidgetShortcut);
+        connect(enter, &QShortcut::activated, this, &frmMain::sendChosenEmotion);
+    }
     connect(c.lstEmotions, &QListWidget::itemEntered, this,
             [this](const QListWidgetItem *item) { describeEmotion(item->text()); });
     c.lstEmotions->setMouseTracking(true);
@@ -103,9 +110,10 @@ void frmMain::connectControls()
     connect(c.sysHelp, &QAbstractButton::clicked, this, help);
     connect(new QShortcut(Qt::Key_F1, this), &QShortcut::activated, this, help);
     m_composeBox.setNames([this] {
+        const DisplayNames shown(m_state);
         QStringList names;
         for (qsizetype at = 1; at <= m_chatters.Count(); ++at) {
-            names += displayName(*m_chatters.Item(at), m_state);
+            names += shown.of(*m_chatters.Item(at));
         }
         return names;
     });
@@ -146,13 +154,15 @@ void frmMain::layOut()
 /// The input box has the colours of the user's own words, the board the font that they are written in.
 void frmMain::takeComposeLook()
 {
+    const SystemColours systemColours(QGuiApplication::palette());
+    const ColourPair own{systemColours.resolve(m_options.MMTC), systemColours.resolve(m_options.MMBC)};
     QPalette palette = m_controls.rtfText->palette();
-    palette.setColor(QPalette::Text, toColor(m_options.MMTC));
-    palette.setColor(QPalette::Base, toColor(m_options.MMBC));
+    palette.setColor(QPalette::Text, toColor(own.text));
+    palette.setColor(QPalette::Base, toColor(own.background));
     m_controls.rtfText->setPalette(palette);
-    m_controls.rtfMsgs->setTextColour(toColor(m_options.CMTC));
-    m_controls.rtfMsgs->setBackgroundColour(toColor(m_options.CMBC));
-    m_messages.setInputBox(m_controls.rtfText->font(), {m_options.MMTC, m_options.MMBC});
+    m_controls.rtfMsgs->setTextColour(toColor(systemColours.resolve(m_options.CMTC)));
+    m_controls.rtfMsgs->setBackgroundColour(toColor(systemColours.resolve(m_options.CMBC)));
+    m_messages.setInputBox(m_controls.rtfText->font(), own);
 }
 
 void frmMain::takeOptions()
@@ -192,16 +202,23 @@ void frmMain::activateFirst()
 {
     DrawUserList();
     m_link.GetPyloxUsers();
+    if (m_exitRoad.isStarted()) {
+        return;
+    }
     if (m_lifecycle.joinFrom(m_commandLine) && m_commandLine.showCategories()) {
         browse();
     }
 }
 
-/// The directory may have pointed the shared state at another room.
+/// The directory may have pointed the shared state at another room. One that is only brought back while it
+/// still waits has done so when it has ended.
 void frmMain::browse()
 {
+    const QScopedValueRollback browsing(m_browses, m_browses + 1);
     Q_EMIT directoryRequested();
-    m_lifecycle.EnterRoom();
+    if (m_browses == 1) {
+        m_lifecycle.EnterRoom();
+    }
 }
 
 void frmMain::closeEvent(QCloseEvent *event)
@@ -247,6 +264,13 @@ const clsChatters *frmMain::selectedMember() const
     }
     const auto member = m_chatters.Item(positionOf(*rows.first(), m_chatters));
     return member == nullptr || member->ID == m_state.MyUserID ? nullptr : member.get();
+}
+
+void frmMain::sendChosenEmotion()
+{
+    if (const QListWidgetItem *emotion = m_controls.lstEmotions->currentItem()) {
+        sendEmotion(emotion->text());
+    }
 }
 
 void frmMain::sendEmotion(const QString &name)
@@ -411,7 +435,7 @@ MemberLooks frmMain::memberLooks() const
 
 void frmMain::setRoomCaption(const QString &caption)
 {
-    setWindowTitle(caption.isEmpty() ? QStringLiteral("Pylox Chat") : caption);
+    setWindowTitle(titleFor(caption.isEmpty() ? QStringLiteral("Pylox Chat") : caption));
 }
 
 void frmMain::ReceivePrivateMessage(const QString &id, const QString &name, const QString &body)

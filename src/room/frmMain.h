@@ -107,6 +107,7 @@ private:
     void activateFirst();
     void browse();
     void send();
+    void sendChosenEmotion();
     void sendEmotion(const QString &name);
     void switchEmotions();
     void describeEmotion(const QString &name);
@@ -147,4 +148,5 @@ private:
     QPointer<frmEmotShow> m_palette; ///< while it is open
     bool m_shownBefore = false;
     bool m_exited = false;
+    int m_browses = 0; ///< of the directory, one inside the other
 };

@@ -28,7 +28,8 @@ public:
     [[nodiscard]] const QIcon &of(const QString &name)
     {
         QIcon &icon = m_icons[name];
-        if (const QImage image = m_imgList.image(name); icon.isNull() && !image.isNull()) {
+        if (const QImage image = m_imgList.imageOn(name, qRgba(0, 0, 0, 0));
+            icon.isNull() && !image.isNull()) {
             icon = QPixmap::fromImage(image);
         }
         return icon;
@@ -71,7 +72,7 @@ QTreeWidgetItem *makeHeading(const QString &text, const QFont &listFont, const M
     return heading;
 }
 
-void addGroup(QTreeWidget &list, const Group &group, const colChatters &chatters, const SharedState &state,
+void addGroup(QTreeWidget &list, const Group &group, const colChatters &chatters, const DisplayNames &names,
               const MemberLooks &looks, Icons &icons)
 {
     QTreeWidgetItem *heading = makeHeading(group.heading, list.font(), looks);
@@ -79,7 +80,7 @@ void addGroup(QTreeWidget &list, const Group &group, const colChatters &chatters
     for (qsizetype at = 1; at <= chatters.Count(); ++at) {
         const auto member = chatters.Item(at);
         if (group.holds(*member)) {
-            auto *row = new QTreeWidgetItem(heading, {displayName(*member, state)});
+            auto *row = new QTreeWidgetItem(heading, {names.of(*member)});
             row->setData(0, Qt::UserRole, at);
             row->setData(0, idRole, member->ID);
             row->setIcon(0, icons.of(memberIcon(*member)));
@@ -118,14 +119,15 @@ void drawMemberList(QTreeWidget &list, const colChatters &chatters, const Shared
     if (looks.font) {
         list.setFont(*looks.font);
     }
+    const DisplayNames names(state);
     Icons icons(looks.imgList);
     addGroup(list, {QStringLiteral("Owner"), true, [](const clsChatters &m) { return m.Owner; }}, chatters,
-             state, looks, icons);
+             names, looks, icons);
     addGroup(list,
              {QStringLiteral("Online"), false, [](const clsChatters &m) { return !m.Owner && !m.Pending; }},
-             chatters, state, looks, icons);
+             chatters, names, looks, icons);
     addGroup(list, {QStringLiteral("Pending"), false, [](const clsChatters &m) { return m.Pending; }},
-             chatters, state, looks, icons);
+             chatters, names, looks, icons);
     chooseAgain(list, id);
     list.doItemsLayout(); // or the scroll bar still has the range of the empty list
     list.verticalScrollBar()->setValue(firstRow);

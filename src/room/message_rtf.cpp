@@ -1,5 +1,6 @@
 #include "room/message_rtf.h"
 
+#include "core/shown_name.h"
 #include "room/message_text.h"
 
 #include <cmath>
@@ -30,10 +31,12 @@ struct Marked
 };
 
 /// Text of strangers inside RTF: shown as typed, and its line ends are lines of the same message, indented,
-/// so that none can pose as a notice.
+/// so that none can pose as a notice. Nothing is copied from the board that a terminal would obey.
 QString shown(const QString &text)
 {
-    return EscapeRTF(withLineFeeds(text)).replace(QStringLiteral("\n"), QStringLiteral("\\line     "));
+    QString lines = withLineFeeds(text);
+    lines.removeIf([](QChar c) { return c == u'\x7f' || (c >= u'\x80' && c < u'\xa0'); });
+    return EscapeRTF(lines).replace(QStringLiteral("\n"), QStringLiteral("\\line     "));
 }
 
 QString boldName(const QString &name)
@@ -89,11 +92,12 @@ QString MessageRtf::GeneratePrivateMsg(const QString &text) const
 
 QString MessageRtf::GenerateEmotion(const QString &text, const QString &name, const QString &otherName) const
 {
+    const QString words = shown(shownName(text)); // what turns writing round would turn the names round too
     // A digit would become part of the size, and a space would be taken for its end.
-    const bool apart = !text.isEmpty() && (text.front().isDigit() || text.front() == u' ');
+    const bool apart = !words.isEmpty() && (words.front().isDigit() || words.front() == u' ');
     const QString rtf = start({m_look.emotionName.text, m_look.emotionName.background,
                                m_look.emotionText.text, m_look.emotionText.background}) +
-                        u"{\\pard\\cf4\\highlight5\\fs" + size() + (apart ? u" " : u"") + shown(text) + u"}}";
+                        u"{\\pard\\cf4\\highlight5\\fs" + size() + (apart ? u" " : u"") + words + u"}}";
     return filledIn(rtf, boldName(name), boldName(otherName));
 }
 

@@ -7,6 +7,7 @@
 namespace {
 
 constexpr qsizetype longestName = 200; // a longer one would hold up the drawing of its row
+constexpr int mostNames = 100;         // in one text: each may be hundreds of times as long as its place
 
 constexpr bool endsLine(QChar c)
 {
@@ -47,10 +48,12 @@ QString withoutTags(const QString &text)
 QString filledIn(const QString &text, const QString &name, const QString &otherName)
 {
     QString filled;
+    int names = 0;
     for (qsizetype at = 0; at < text.size(); ++at) {
         const QStringView rest = QStringView(text).sliced(at);
         const bool user = rest.startsWith(u"%U%");
-        if (user || rest.startsWith(u"%O%")) {
+        if (names < mostNames && (user || rest.startsWith(u"%O%"))) {
+            ++names;
             filled += user ? name : otherName;
             at += 2;
         } else {

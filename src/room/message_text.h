@@ -15,5 +15,5 @@
 [[nodiscard]] QString withoutTags(const QString &text);
 
 /// The text with the name for each "%U%" and the other name for each "%O%", in one pass, so that a name that
-/// holds one of them is shown as it is.
+/// holds one of them is shown as it is. A hundred are filled in, more than any honest text has.
 [[nodiscard]] QString filledIn(const QString &text, const QString &name, const QString &otherName);

@@ -53,7 +53,8 @@ void RoomEvents::UpdateChannelContents(const clsXMLMessage &message)
         return;
     }
     if (leadingInt32(*code) != 0) {
-        m_view.AddMessage(u"Error in getting channel contents: " + code->toString(), MessageKind::Error);
+        m_view.AddMessage(u"Error in getting channel contents: " + oneLine(code->toString()),
+                          MessageKind::Error);
         return;
     }
     for (const clsXMLMessage &entry : message.XMLMessage) {
@@ -150,8 +151,8 @@ void RoomEvents::ReceiveMessage(const clsXMLMessage &message)
     if (message.value(u"cid") && !isForThisRoom(message)) {
         return;
     }
-    for (qsizetype start = 0, end = 0; (end = body.indexOf(itemEnd, start)) >= 0; start = end + 1) {
-        showItem(QStringView(body).sliced(start, end - start), id);
+    for (const QString &item : itemsOf(body)) {
+        showItem(item, id);
     }
 }
 

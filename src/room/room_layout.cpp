@@ -3,6 +3,7 @@
 #include "controls/SkinButton.h"
 #include "controls/SkinFrame.h"
 #include "controls/dressing.h"
+#include "controls/fitting_button.h"
 #include "platform/rich_edit.h"
 #include "platform/text_looks.h"
 #include "room/room_controls.h"
@@ -12,10 +13,13 @@
 #include <QListWidget>
 #include <QTreeWidget>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int gap = 4;
-constexpr int usersWidth = 194;
+constexpr int designedUsersWidth = 194;
+constexpr int leastUsersWidth = 110;
 constexpr int emotionsWidth = 130;
 
 void fill(QWidget &control, const SkinFrame &frame)
@@ -45,9 +49,7 @@ void setListColours(QWidget &list, const clsSkinResourceNew &skin)
     palette.setColor(QPalette::Highlight, colour(ListItem::HighlightBackColour));
     palette.setColor(QPalette::HighlightedText, colour(ListItem::HighlightForeColour));
     list.setPalette(palette);
-    if (const auto font = skin.ContactList(ListItem::Font).font()) {
-        list.setFont(*font);
-    }
+    list.setFont(skin.ContactList(ListItem::Font).font().value_or(QFont()));
 }
 
 /// The buttons of the row at the bottom, from both ends.
@@ -59,6 +61,21 @@ void layOutRow(RoomControls &c, int left, int top)
     c.smdFont->move(right(*c.smdUnderline) + 2 * gap, top);
     c.smdEmotions->move(right(*c.skfText) - c.smdEmotions->width(), top);
     c.smdEmoticon->move(c.smdEmotions->x() - gap - c.smdEmoticon->width(), top);
+}
+
+/// What the row needs so that its ends do not meet.
+int rowWidth(const RoomControls &c)
+{
+    return c.smdBold->width() + c.smdItalic->width() + c.smdUnderline->width() + c.smdFont->width() +
+           c.smdEmoticon->width() + c.smdEmotions->width() + 7 * gap;
+}
+
+/// The members give way to the row in a narrow window.
+int usersWidthFor(const RoomControls &c, const clsSkin &face, QSize window)
+{
+    const int board = rowWidth(c) + gap + c.smdSend->width();
+    const int rest = window.width() - face.NonClient(NonClientPart::SidesWidth) - 3 * gap - board;
+    return std::min(designedUsersWidth, std::max({rest, leastUsersWidth, c.smdMenu->width()}));
 }
 
 /// The board gives way to the list, the input box below it does not.
@@ -98,11 +115,12 @@ void dressRoom(RoomControls &c, clsSkin &face, clsSkinResourceNew &skin)
     for (SkinFrame *frame : {c.skfMsg, c.skfUsers, c.skfText, c.skfEmotions}) {
         dressFrame(*frame, skin);
     }
-    dressRoomButton(*c.smdSend, skin, RoomItem::NormalSend, RoomItem::SendText);
-    dressRoomButton(*c.smdMenu, skin, RoomItem::NormalMenu, RoomItem::MenuText);
-    dressRoomButton(*c.smdExit, skin, RoomItem::NormalExit, RoomItem::ExitText);
-    dressRoomButton(*c.smdFont, skin, RoomItem::NormalFont, RoomItem::FontText);
-    dressRoomButton(*c.smdEmotions, skin, RoomItem::NormalEmotions, RoomItem::EmotionsText);
+    dressFittingColumn({{c.smdSend, RoomItem::NormalSend, RoomItem::SendText}}, skin);
+    dressFittingColumn({{c.smdMenu, RoomItem::NormalMenu, RoomItem::MenuText},
+                        {c.smdExit, RoomItem::NormalExit, RoomItem::ExitText}},
+                       skin);
+    dressFittingColumn({{c.smdFont, RoomItem::NormalFont, RoomItem::FontText}}, skin);
+    dressFittingColumn({{c.smdEmotions, RoomItem::NormalEmotions, RoomItem::EmotionsText}}, skin);
     dressFormatButton(*c.smdBold, skin, RoomItem::BoldOverlay);
     dressFormatButton(*c.smdItalic, skin, RoomItem::ItalicOverlay);
     dressFormatButton(*c.smdUnderline, skin, RoomItem::UnderlineOverlay);
@@ -120,6 +138,7 @@ void layOutRoom(RoomControls &c, const clsSkin &face, QSize window, bool showEmo
     const int top = face.NonClient(NonClientPart::TitleHeight) + gap +
                     (c.imgBanner == nullptr ? 0 : c.imgBanner->height() + gap);
     const int innerBottom = window.height() - face.NonClient(NonClientPart::BottomHeight);
+    const int usersWidth = usersWidthFor(c, face, window);
     const int rowTop = innerBottom - c.smdBold->height() - gap;
 
     if (c.imgBanner != nullptr) {

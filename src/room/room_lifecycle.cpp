@@ -20,27 +20,32 @@ RoomLifecycle::RoomLifecycle(SharedState &state, colChatters &chatters, frmComms
 bool RoomLifecycle::joinFrom(const CommandLine &commandLine)
 {
     const auto roomId = commandLine.roomId();
-    if (!roomId) {
-        return true;
+    if (!roomId || m_state.CurrentRoomID != 0) {
+        return true; // the user has been quicker
     }
-    m_earlyAnswer = {};
-    m_state.CurrentRoomID = *roomId;
-    m_state.IsRoomOwner = false;
-    m_state.RoomCategory = QStringLiteral("Invited to join");
-    m_state.RoomName = commandLine.roomName();
+    headFor(*roomId, QStringLiteral("Invited to join"), commandLine.roomName());
     if (m_link.RequestJoinChannel() == JoinRequest::Sent) {
         EnterRoom();
         return true;
     }
-    if (m_link.isShutDown()) {
+    if (m_link.isShutDown() || m_state.CurrentRoomID != *roomId) {
         return false;
     }
     m_prompts.tell(QStringLiteral("Could not send request to join room!  Please try again."),
                    QStringLiteral("Room Error"), PromptIcon::Stop);
-    m_state.InRoom = false;
-    m_state.CurrentRoomID = 0;
-    m_earlyAnswer = {};
+    if (m_state.CurrentRoomID == *roomId && !m_state.InRoom) { // else another way into a room was found
+        ResetRoom();
+    }
     return false;
+}
+
+void RoomLifecycle::headFor(qint32 roomId, const QString &category, const QString &name)
+{
+    m_earlyAnswer = {};
+    m_state.CurrentRoomID = roomId;
+    m_state.IsRoomOwner = false;
+    m_state.RoomCategory = category;
+    m_state.RoomName = name;
 }
 
 void RoomLifecycle::EnterRoom()
@@ -52,9 +57,9 @@ void RoomLifecycle::EnterRoom()
     }
     if (m_shownRoomId != 0) {
         m_view.clearBoard();
+        m_chatters.RemoveAll();
         m_shownRoomId = 0;
     }
-    m_chatters.RemoveAll();
     if (roomId != 0) {
         const QString title = oneLine(m_state.RoomCategory + u" - " + m_state.RoomName);
         const bool owner = m_state.IsRoomOwner;
@@ -91,7 +96,7 @@ void RoomLifecycle::joinAnswered(const QString &code, const QString &toUserId)
     ResetRoom();
     const QString reason = code == u"200" ? QStringLiteral("Rejected from joining room: ")
                                           : QStringLiteral("Error to join room: ");
-    m_view.AddMessage(reason + code, MessageKind::Error);
+    m_view.AddMessage(reason + oneLine(code), MessageKind::Error);
 }
 
 void RoomLifecycle::LeaveRoom(bool confirm)
@@ -139,6 +144,13 @@ void RoomLifecycle::depart(const Departure &departure, bool confirm)
     m_view.AddMessage(done ? departure.success : departure.failure,
                       done ? MessageKind::Warning : MessageKind::Error);
     ResetRoom();
+}
+
+void RoomLifecycle::endDeparture()
+{
+    if (m_departing) {
+        ResetRoom();
+    }
 }
 
 void RoomLifecycle::ResetRoom()

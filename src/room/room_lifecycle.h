@@ -21,6 +21,9 @@ public:
     /// user has been told.
     bool joinFrom(const CommandLine &commandLine);
 
+    /// Makes another's room the current one. What was answered before does not count for it.
+    void headFor(qint32 roomId, const QString &category, const QString &name);
+
     /// Sets the window up for the current room; nothing happens when it shows that room already.
     void EnterRoom();
 
@@ -28,6 +31,10 @@ public:
     /// confirm the user is asked first.
     void LeaveRoom(bool confirm);
     void CloseRoom(bool confirm);
+
+    /// Where the answer to leaving or closing is still awaited, the room is left now and the answer tells
+    /// nothing more. For those who go on inside that wait.
+    void endDeparture();
 
     /// Back to no room, without telling anybody.
     void ResetRoom();

@@ -16,10 +16,11 @@ public:
     {}
 
     /// Reads both files; what they do not say is as the skin and the designed font have it. From now on the
-    /// options belong to this skin.
+    /// options belong to this skin. A file that is there and cannot be read is not written over later.
     void load(const ChatColours &skin, const ComposeFont &designed);
 
-    /// Writes the options with this font. False when the file cannot be written: nothing else changes.
+    /// Writes the options with this font. False when the file cannot be written, or could not be
+    /// read: nothing else changes.
     bool SaveOptions(const ComposeFont &font);
     bool SaveLists();
 
@@ -32,6 +33,8 @@ private:
     UserLists &m_lists;
     ComposeFont m_font;
     QString m_optionsFile;
+    bool m_keepsOptions = false; ///< the file, as it is
+    bool m_keepsLists = false;
     QStringList m_unknownOptions; ///< lines that stay as they are
     QStringList m_unknownLists;
 };

@@ -28,12 +28,10 @@ SessionCommands::SessionCommands(const RichEdit &board, Prompts &prompts, QWidge
 void SessionCommands::save()
 {
     const QString proposed = u"Chat Session " % sessionDate(QDate::currentDate()) % u".rtf";
-    QString path = m_prompts.ShowSave(tr("Save Session to File"), proposed, tr("Richtext File (*.rtf)"));
+    const QString path =
+        m_prompts.ShowSave(tr("Save Session to File"), proposed, tr("Richtext File (*.rtf)"));
     if (path.isEmpty()) {
         return;
-    }
-    if (QFileInfo(path).suffix().isEmpty()) {
-        path += u".rtf";
     }
     auto *saver = new RtfSaver(m_board.document().copy(0, m_board.document().length()), path, m_window);
     saver->setParent(this);

@@ -4,35 +4,16 @@
 #include "link/xml_codec.h"
 #include "room/colChatters.h"
 #include "room/room_lifecycle.h"
-#include "room/room_view.h"
 #include "skin/skin_in_use.h"
+#include "support/composed.h"
+#include "support/input.h"
 #include "support/link_fixture.h"
+#include "support/recording_view.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
-#include <QMouseEvent>
-#include <QRegularExpression>
 
 namespace {
-
-struct NoView final : RoomView
-{
-    void AddMessage(const QString & /*text*/, MessageKind /*kind*/, const QString & /*name*/,
-                    const QString & /*otherName*/, bool /*highlight*/) override
-    {}
-    void clearBoard() override {}
-    void DrawUserList() override {}
-    void setRoomCaption(const QString & /*caption*/) override {}
-    void ReceivePrivateMessage(const QString & /*id*/, const QString & /*name*/,
-                               const QString & /*body*/) override
-    {}
-};
-
-void press(QWidget *widget, int key, const QString &text = {})
-{
-    QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, text);
-    QCoreApplication::sendEvent(widget, &down);
-}
 
 QString room(const QString &category, int id, const QString &name, int members)
 {
@@ -102,16 +83,10 @@ struct Directory : LinkFixture
         ASSERT_TRUE(index.isValid()) << text.toStdString();
         tree->scrollTo(index);
         const QPointF place = tree->visualRect(index).center();
-        const auto mouse = [&](QEvent::Type type) {
-            QMouseEvent event(type, place, tree->viewport()->mapToGlobal(place), Qt::LeftButton,
-                              Qt::LeftButton, Qt::NoModifier);
-            QCoreApplication::sendEvent(tree->viewport(), &event);
-        };
-        mouse(QEvent::MouseButtonPress);
-        mouse(QEvent::MouseButtonRelease);
+        clickAt(*tree->viewport(), place);
         if (twice) {
-            mouse(QEvent::MouseButtonDblClick);
-            mouse(QEvent::MouseButtonRelease);
+            sendMouse(*tree->viewport(), QEvent::MouseButtonDblClick, place);
+            sendMouse(*tree->viewport(), QEvent::MouseButtonRelease, place);
         }
         settle();
     }
@@ -186,7 +161,7 @@ struct Directory : LinkFixture
 
     QList<QPair<QString, QString>> answers;
     std::function<void(const QString &)> onRequest = [](const QString &) {};
-    NoView view;
+    RecordingView view;
     colChatters chatters;
     RoomLifecycle lifecycle{state, chatters, link, view, prompts};
     SkinInUse skin{myApp};
@@ -223,10 +198,7 @@ TEST_F(Directory, WhatCanBeDoneWithARow)
     answer(u"<GETCHANNELS g=\"2-3\""_s, channels(room(u"2-3"_s, 9, u"Blitz"_s, 1)));
     browse([this] {
         click(u"Lounge"_s);
-        const struct
-        {
-            QString row, enabled;
-        } cases[] = {
+        const std::pair<QString, QString> cases[] = {
             {u"Lounge (channels: 2)"_s, u"create"_s},
             {u"Attic (members: 0)"_s, u"join"_s},
             {u"Games"_s, u"create"_s}, // topmost, whatever is below
@@ -234,9 +206,9 @@ TEST_F(Directory, WhatCanBeDoneWithARow)
             {u"Blitz (members: 1)"_s, u"join"_s},
             {u"Cards"_s, {}}, // holds categories only
         };
-        for (const auto &c : cases) {
-            click(c.row);
-            EXPECT_EQ(enabled(), c.enabled) << c.row.toStdString();
+        for (const auto &[row, chosen] : cases) {
+            click(row);
+            EXPECT_EQ(enabled(), chosen) << row.toStdString();
         }
     });
 }
@@ -287,56 +259,49 @@ TEST_F(Directory, TellsWhatCouldNotBeHad)
 
 TEST_F(Directory, Joins)
 {
-    const struct
-    {
-        QString answer, box;
-        bool owner = false;
-    } cases[] = {
+    const std::tuple<QString, QString, bool> cases[] = {
         {uR"(<AJC r="109"/>)"_s, u"The room you are trying to join is full!  Please try again."_s, true},
-        {uR"(<AJC r="5"/>)"_s, u"Could not send request to join room!  Please try again."_s},
-        {uR"(<AJC r="0"/>)"_s, {}},
+        {uR"(<AJC r="5"/>)"_s, u"Could not send request to join room!  Please try again."_s, false},
+        {uR"(<AJC r="0"/>)"_s, {}, false},
     };
     browse([&] {
         click(u"Lounge"_s);
         click(u"Attic (members: 0)"_s);
-        for (const auto &c : cases) {
-            beInRoom(c.owner);
-            answer(u"<REQUESTJOINCHANNEL"_s, c.answer);
+        for (const auto &[payload, box, owner] : cases) {
+            beInRoom(owner);
+            answer(u"<REQUESTJOINCHANNEL"_s, payload);
             messenger.requests.clear();
             prompts.boxes.clear();
             button(u"smdOk"_s)->click();
-            EXPECT_EQ(messenger.requests, (QStringList{c.owner ? u"<DESTROYCHANNEL cid=\"5\"/>"_s
-                                                               : u"<LEAVECHANNEL cid=\"5\"/>"_s,
-                                                       uR"(<REQUESTJOINCHANNEL cid="8" id="" nm=""/>)"_s}));
-            EXPECT_EQ(prompts.boxes, errorBox(c.box));
-            EXPECT_EQ(window->isVisible(), !c.box.isEmpty());
-            EXPECT_EQ(roomState(), QString((c.box.isEmpty() ? u"8" : u"0") + u" Lounge: Attic"_s));
+            EXPECT_EQ(messenger.requests,
+                      (QStringList{owner ? u"<DESTROYCHANNEL cid=\"5\"/>"_s : u"<LEAVECHANNEL cid=\"5\"/>"_s,
+                                   uR"(<REQUESTJOINCHANNEL cid="8" id="" nm=""/>)"_s}));
+            EXPECT_EQ(prompts.boxes, errorBox(box));
+            EXPECT_EQ(window->isVisible(), !box.isEmpty());
+            EXPECT_EQ(roomState(), QString((box.isEmpty() ? u"8" : u"0") + u" Lounge: Attic"_s));
         }
     });
 }
 
 TEST_F(Directory, Creates)
 {
-    const struct
-    {
-        QString answer, box;
-        bool closes = false;
-    } cases[] = {
-        {uR"(<ACC r="109"/>)"_s, {}},
-        {u"<CHL/>"_s, {}},
-        {uR"(<ACC r="7"/>)"_s, u"Trouble creating room!  Please try again. R=7"_s},
-        {{}, u"Trouble creating room!  Please try again."_s},
+    const std::tuple<QString, QString, bool> cases[] = {
+        // the answer, the box that comes, and whether the window closes
+        {uR"(<ACC r="109"/>)"_s, {}, false},
+        {u"<CHL/>"_s, {}, false},
+        {uR"(<ACC r="7"/>)"_s, u"Trouble creating room!  Please try again. R=7"_s, false},
+        {{}, u"Trouble creating room!  Please try again."_s, false},
         {uR"(<ACC r="0" cid="31"/>)"_s, {}, true},
     };
     browse([&] {
         click(u"Lounge"_s);
-        for (const auto &c : cases) {
-            answer(u"<CREATECHANNEL"_s, c.answer);
+        for (const auto &[payload, box, closes] : cases) {
+            answer(u"<CREATECHANNEL"_s, payload);
             prompts.boxes.clear();
             createWith([](frmNewChat &dialog) { create(dialog, u"  my \"den\" "_s); });
             EXPECT_EQ(messenger.requests.last(), uR"(<CREATECHANNEL g="1" nm="  my "den" " ty="2"/>)"_s);
-            EXPECT_EQ(prompts.boxes, errorBox(c.box));
-            EXPECT_EQ(window->isVisible(), !c.closes);
+            EXPECT_EQ(prompts.boxes, errorBox(box));
+            EXPECT_EQ(window->isVisible(), !closes);
         }
     });
     EXPECT_EQ(roomState(), u"31 own in Lounge:   my \"den\" "_s);
@@ -344,21 +309,10 @@ TEST_F(Directory, Creates)
 
 TEST_F(Directory, ControlsHaveNamesAndPlacesOfTheirOwn)
 {
-    const auto check = [](const QWidget &of) {
-        QRegion taken;
-        for (const auto *control : of.findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
-            if (control->isVisible() && control->objectName() != u"skfCats") {
-                EXPECT_TRUE(of.rect().contains(control->geometry()) && !taken.intersects(control->geometry()))
-                    << control->objectName().toStdString();
-                taken += control->geometry();
-                EXPECT_TRUE(control->focusPolicy() == Qt::NoFocus || !control->accessibleName().isEmpty());
-            }
-        }
-    };
     browse([&] {
         click(u"Lounge"_s);
-        check(*window);
-        createWith([&](frmNewChat &dialog) { check(dialog); });
+        expectComposed(*window);
+        createWith([](frmNewChat &dialog) { expectComposed(dialog); });
     });
 }
 
@@ -394,13 +348,13 @@ TEST_F(Directory, DoubleClickAndEnterChoose)
         click(u"Lounge (channels: 2)"_s, true);
         EXPECT_TRUE(eventually([&] { return dialogs == 1; }));
         tree->collapseAll();
-        press(tree, Qt::Key_Return);
+        pressKey(*tree, Qt::Key_Return);
         settle();
         EXPECT_TRUE(dialogs == 1 && tree->isExpanded(tree->currentIndex()));
-        press(tree, Qt::Key_A, u"a"_s);
+        pressKey(*tree, Qt::Key_A, u"a"_s);
         EXPECT_EQ(tree->currentIndex().data().toString(), u"Attic (members: 0)"_s);
-        press(tree, Qt::Key_Return);
-        press(tree, Qt::Key_Return);
+        pressKey(*tree, Qt::Key_Return);
+        pressKey(*tree, Qt::Key_Return);
         EXPECT_TRUE(eventually([this] { return !window->isVisible(); }));
     });
     EXPECT_EQ(asked(u"REQUESTJOIN"_s).size(), 1);
@@ -411,14 +365,14 @@ TEST_F(Directory, AHeldArrowKeyAsksForWhereItEnds)
 {
     onRequest = [this](const QString &request) {
         for (int i = 0; i < 3 && request.startsWith(u"<GETCHANNELS g=\"1\""); ++i) {
-            press(tree, Qt::Key_Down);
+            pressKey(*tree, Qt::Key_Down);
         }
     };
     browse([this] {
         tree->expandAll();
         QFocusEvent focus(QEvent::FocusIn);
         QCoreApplication::sendEvent(tree, &focus);
-        press(tree, Qt::Key_Down); // to the first row, not to the second
+        pressKey(*tree, Qt::Key_Down); // to the first row, not to the second
         settle();
         EXPECT_EQ(asked(u"GETCHANNELS"_s), (QStringList{u"<GETCHANNELS g=\"1\" st=\"1\"/>"_s,
                                                         u"<GETCHANNELS g=\"2-4\" st=\"1\"/>"_s}));
@@ -489,7 +443,7 @@ TEST_F(TenThousand, AreFiltered)
         filter->setText(u"poker"_s);
         EXPECT_EQ(rows(), (QStringList{u"Games"_s, u" Cards"_s, u"  Poker"_s}));
         EXPECT_TRUE(tree->isExpanded(find(u"Cards"_s)) && enabled().isEmpty());
-        press(filter, Qt::Key_Escape);
+        pressKey(*filter, Qt::Key_Escape);
         EXPECT_EQ(rows().size(), 10'005);
         EXPECT_TRUE(tree->isExpanded(tree->model()->index(0, 0)) && !tree->isExpanded(find(u"Cards"_s)));
         EXPECT_TRUE(window->isVisible());
@@ -519,7 +473,7 @@ TEST_P(DirectoryEnds, InAnyWait)
     beInRoom(false);
     onRequest = [this, &awaited = awaited, way = way](const QString &request) {
         if (request.startsWith(awaited)) {
-            press(tree, Qt::Key_Down); // what would be next
+            pressKey(*tree, Qt::Key_Down); // what would be next
             const std::function<void()> ways[] = {[this] { window->close(); }, [this] { link.setShutDown(); },
                                                   [this] { desk.reset(); }};
             ways[way]();
@@ -562,13 +516,13 @@ TEST_F(Directory, AsksForTheDetailsOfARoom)
             auto *isPrivate = dialog.findChild<QCheckBox *>(u"chkPrivate"_s);
             auto *ok = dialog.findChild<SkinButton *>(u"smdOk"_s);
             EXPECT_FALSE(ok->isEnabled());
-            press(&dialog, Qt::Key_F1);
+            pressKey(dialog, Qt::Key_F1);
             name->insert(u"a\x03"_s + QString(100, u'c'));
             EXPECT_EQ(name->text(), QString(u'a' + QString(48, u'c')));
             name->setFocus();
-            press(name, Qt::Key_Return, u"\r"_s);
+            pressKey(*name, Qt::Key_Return, u"\r"_s);
             EXPECT_EQ(dialog.focusWidget(), isPrivate);
-            press(isPrivate, Qt::Key_Enter, u"\r"_s);
+            pressKey(*isPrivate, Qt::Key_Enter, u"\r"_s);
             EXPECT_EQ(dialog.focusWidget(), ok);
             name->clear();
             EXPECT_FALSE(ok->isEnabled());

@@ -1,8 +1,8 @@
 #include "emotions/emoticon_file.h"
 #include "platform/text_file.h"
+#include "support/files.h"
 #include "support/text.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -43,14 +43,7 @@ TEST(Emoticons, TheHelpHasEveryBuiltInCode)
 
 TEST(Emoticons, WhatAFileAddsAndRenames)
 {
-    const struct
-    {
-        QString file;
-        QStringView code;
-        QString name;
-        QStringView emotion;
-        QString key;
-    } cases[] = {
+    const std::tuple<QString, QStringView, QString, QStringView, QString> cases[] = {
         {u"# mine\r\n:-)\r\n  # between\r\nHappy\r\n"_s, u":-)", u"Happy"_s, u"Happy", u":)"_s},
         {u":)\nWink"_s, u":)", u"Wink"_s, u"Happy", u""_s},
         {u":P\r\nNew\r\n"_s, u":P", u"New"_s, u"New", u":P"_s},
@@ -59,10 +52,10 @@ TEST(Emoticons, WhatAFileAddsAndRenames)
         {u"\r\nEmpty\r\n# end"_s, u"", u"Empty"_s, u"Empty", u""_s},
         {u" :- \n Name "_s, u" :- ", u" Name "_s, u"Name", u""_s},
     };
-    for (const auto &c : cases) {
-        const clsEmoticons table(c.file);
-        EXPECT_EQ(table.CheckEmotion(c.code), c.name) << c.file.toStdString();
-        EXPECT_EQ(table.GetKeyFromEmotion(c.emotion), c.key) << c.file.toStdString();
+    for (const auto &[file, code, name, emotion, key] : cases) {
+        const clsEmoticons table(file);
+        EXPECT_EQ(table.CheckEmotion(code), name) << file.toStdString();
+        EXPECT_EQ(table.GetKeyFromEmotion(emotion), key) << file.toStdString();
     }
     EXPECT_EQ(clsEmoticons(u":a\nX\n:A\nY\n:a\nZ"_s).Rows().sliced(31),
               (QList<EmoticonEntry>{{u":a"_s, u"Z"_s, true}, {u":A"_s, u"Y"_s, true}}));
@@ -75,9 +68,7 @@ TEST(Emoticons, AChangedFileCountsAtOnce)
     EXPECT_EQ(emoticons.table().RowCount(), 31);
     const auto write = [&](const QByteArray &text) {
         QFile::remove(folder.filePath(u"Emoticon.dat"_s));
-        QFile file(folder.filePath(u"Emoticon.dat"_s));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
+        writeFile(folder.filePath(u"Emoticon.dat"_s), text);
     };
     write(":-)\nHappy\n");
     EXPECT_EQ(emoticons.table().CheckEmotion(u":-)"), u"Happy"_s);

@@ -2,10 +2,9 @@
 #include "platform/image_list.h"
 #include "skin/skin_catalogue.h"
 #include "support/eventually.h"
+#include "support/input.h"
 #include "support/text.h"
 
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPointer>
 
 #include <gtest/gtest.h>
@@ -38,24 +37,8 @@ struct Palette : testing::Test
     }
     ~Palette() override { delete palette; }
 
-    void mouse(QEvent::Type type, QPoint place) const
-    {
-        QMouseEvent event(type, QPointF(place), palette->mapToGlobal(QPointF(place)), Qt::LeftButton,
-                          Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(palette, &event);
-    }
-    void click(QPoint place) const
-    {
-        mouse(QEvent::MouseButtonPress, place);
-        mouse(QEvent::MouseButtonRelease, place);
-    }
-    void press(Qt::Key key) const
-    {
-        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(type, key, Qt::NoModifier);
-            QCoreApplication::sendEvent(palette->focusWidget(), &event);
-        }
-    }
+    void click(QPoint place) const { clickAt(*palette, place); }
+    void press(Qt::Key key) const { pressKey(*palette->focusWidget(), key); }
 
     QWidget button;
     ImageList list = pictures(8);
@@ -92,8 +75,8 @@ TEST_F(Palette, APictureIsPickedWhereItIsPressedAndReleased)
     click(QPoint(1, 1));                   // the margin
     click(QPoint(2 + 21, 2 + 4));          // the gap
     click(QPoint(2 + 2 * 22, 2 + 2 * 18)); // the cell without a picture
-    mouse(QEvent::MouseButtonPress, second);
-    mouse(QEvent::MouseButtonRelease, QPoint(3, 3));
+    sendMouse(*palette, QEvent::MouseButtonPress, second);
+    sendMouse(*palette, QEvent::MouseButtonRelease, {3, 3});
     EXPECT_TRUE(picked.isEmpty()) << picked.join(u' ').toStdString();
 }
 

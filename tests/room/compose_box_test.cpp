@@ -3,10 +3,9 @@
 #include "room/compose_box.h"
 #include "room/room_controls.h"
 #include "support/fake_prompts.h"
+#include "support/input.h"
 #include "support/text.h"
 
-#include <QCoreApplication>
-#include <QKeyEvent>
 #include <QLineEdit>
 
 namespace {
@@ -15,8 +14,7 @@ struct Compose : testing::Test
 {
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
-        QKeyEvent down(QEvent::KeyPress, key, modifiers);
-        QCoreApplication::sendEvent(controls.rtfText, &down);
+        pressKey(*controls.rtfText, key, {}, modifiers);
     }
 
     [[nodiscard]] QString text() const { return controls.rtfText->text(); }
@@ -80,8 +78,13 @@ TEST_F(Compose, WhatWasSentComesBackAndWhatWasTypedIsNotLost)
         seen += text();
     }
     EXPECT_EQ(seen.join(u' '), u"one two two one unsent unsent"_s);
-    box.sent(u"while more was typed"_s);
+    box.sent(u"gone by now"_s);
     EXPECT_EQ(text(), u"unsent"_s);
+    controls.rtfText->setText(u"sentunsent"_s);
+    controls.rtfText->setCursorPosition(6);
+    box.sent(u"sent"_s);
+    EXPECT_EQ(text(), u"unsent"_s) << "typed while the first word was on its way";
+    EXPECT_EQ(controls.rtfText->cursorPosition(), 2);
 }
 
 TEST_F(Compose, TabCompletesNames)

@@ -5,7 +5,6 @@
 #include "room/member_list.h"
 #include "support/text.h"
 
-#include <QScrollBar>
 #include <QTreeWidget>
 
 namespace {
@@ -57,25 +56,6 @@ TEST(MemberList, GroupsNamesAndPositions)
     }
     drawMemberList(list, chatters, state, {pictures, {}, {}, {}, {}});
     EXPECT_EQ(rows(list), u"Owner|  n3 3|Online|  My friend 2|  n4 4|Pending|  n1 1"_s);
-}
-
-TEST(MemberList, ARebuildKeepsTheFirstVisibleRow)
-{
-    const SharedState state;
-    colChatters chatters;
-    for (int at = 0; at < 200; ++at) {
-        chatters.addUnknown(QString::number(at));
-    }
-    QTreeWidget list;
-    ImageList pictures;
-    list.resize(100, 200);
-    list.show();
-    drawMemberList(list, chatters, state, {pictures, {}, {}, {}, {}});
-    list.verticalScrollBar()->setValue(50);
-    const QString first = list.itemAt(QPoint(30, 2))->text(0);
-    drawMemberList(list, chatters, state, {pictures, {}, {}, {}, {}});
-    EXPECT_EQ(list.verticalScrollBar()->value(), 50);
-    EXPECT_EQ(list.itemAt(QPoint(30, 2))->text(0), first);
 }
 
 TEST(MemberList, IconsOfMoodsAndStatuses)

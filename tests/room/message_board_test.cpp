@@ -5,9 +5,11 @@
 #include "richtext/dump.h"
 #include "room/message_board.h"
 #include "support/eventually.h"
+#include "support/files.h"
 #include "support/text.h"
 
 #include <QScrollBar>
+#include <QTemporaryDir>
 #include <QWheelEvent>
 
 using enum MessageKind;
@@ -40,7 +42,10 @@ TEST_F(MessageBoardTest, EachKindHasItsLook)
         {Emotion, true, u"is %O%"_s, u"[c9 ha]is [b c9 ha]B "_s, u"[c1b hffffe4]is [b c1b hffffe4]B "_s},
         {Normal, false, u"x"_s, u"[b cb]SERVER: [cb]x"_s, u"[b c18]SERVER: [c18]x"_s},
         {Error, false, u"x\u0001"_s, u"[b cd]SERVER: [cd]x"_s, u"[b c1a]SERVER: [c1a]x"_s},
+        {Warning, false, u"x"_s, u"[b cc]SERVER: [cc]x"_s, u"[b c19]SERVER: [c19]x"_s},
+        {FriendOnline, false, u"x"_s, u"[b cb]PYLOX: [cb]x"_s, u"[b c18]PYLOX: [c18]x"_s},
         {MessengerOffline, false, u"x"_s, u"[b cc]PYLOX: [cc]x"_s, u"[b c19]PYLOX: [c19]x"_s},
+        {MessengerOnline, false, u"x"_s, u"[b cb]PYLOX: [cb]x"_s, u"[b c18]PYLOX: [c18]x"_s},
     };
     for (const auto &[kind, highlight, text, own, ofSkin] : cases) {
         options.IGNORECOL = false;
@@ -70,6 +75,17 @@ TEST_F(MessageBoardTest, CodesBetweenSpacesBecomePictures)
     }
     options.EMOTICONS = false;
     EXPECT_TRUE(dumpOf(u":)"_s).endsWith(u":)"));
+}
+
+TEST_F(MessageBoardTest, AnEmptyCodeOfTheUsersFileMatchesNothing)
+{
+    const QTemporaryDir folder;
+    writeFile(folder.filePath(u"Emoticon.dat"_s), "\r\nNothing\r\n8-)\r\nHappy\r\n");
+    EmoticonFile own{QString(folder.path() + u'/')};
+    MessageBoard ownMessages{board, options, skin, own, imgList};
+    imgList.add(u"eHappy"_s, QImage(1, 1, QImage::Format_RGB32));
+    ownMessages.AddMessage(u"8-) and  8-) "_s, Own, u"A"_s);
+    EXPECT_EQ(board.document().paragraph(0).text(), u"A: \uFFFC and  \uFFFC "_s);
 }
 
 TEST_F(MessageBoardTest, AViewThatTheUserHasMovedBackStays)

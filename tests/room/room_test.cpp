@@ -7,36 +7,12 @@
 #include "room/member_menu.h"
 #include "room/room_events.h"
 #include "room/room_lifecycle.h"
-#include "room/room_view.h"
 #include "support/link_fixture.h"
+#include "support/recording_view.h"
 
 #include <QFont>
 
 namespace {
-
-/// Keeps what the room shows: notices as "kind text", messages as "kind name[, other]: text".
-struct Board final : RoomView
-{
-    void AddMessage(const QString &text, MessageKind kind, const QString &name, const QString &otherName,
-                    bool highlight) override
-    {
-        const QString sender = name.isEmpty() ? QString() : QString(name + u": ");
-        const QString other = otherName.isEmpty() ? QString() : QString(u"to " + otherName + u": ");
-        lines += QString::number(static_cast<int>(kind)) + (highlight ? u"! " : u" ") + sender + other + text;
-    }
-    void clearBoard() override { lines.clear(); }
-    void DrawUserList() override { ++draws; }
-    void setRoomCaption(const QString &text) override { caption = text; }
-    void ReceivePrivateMessage(const QString &id, const QString &name, const QString &body) override
-    {
-        whispers += id + u' ' + name + u' ' + body;
-    }
-
-    QStringList lines;
-    QStringList whispers;
-    QString caption;
-    int draws = 0;
-};
 
 struct Room : LinkFixture
 {
@@ -87,9 +63,9 @@ struct Room : LinkFixture
         return shown();
     }
 
-    void own()
+    void own(qint32 roomId = 12)
     {
-        state.CurrentRoomID = 12;
+        state.CurrentRoomID = roomId;
         state.IsRoomOwner = state.InRoom = true;
         state.RoomCategory = u"Talk"_s;
         state.RoomName = u"Mine"_s;
@@ -103,7 +79,7 @@ struct Room : LinkFixture
 
     Options options;
     colChatters chatters;
-    Board board;
+    RecordingView board;
     RoomLifecycle lifecycle{state, chatters, link, board, prompts};
     RoomEvents events{state, options, chatters, link, lifecycle, board};
     Admission admission{state, chatters, link, board};
@@ -133,6 +109,34 @@ TEST_F(Room, AskingWaitingAndBeingLetIn)
     EXPECT_TRUE(member(u"u9"_s)->Owner);
     EXPECT_EQ(member(u"u9"_s)->Mood, 3);
     EXPECT_EQ(member(u"u1"_s)->Status, 0) << "the room's word counts";
+}
+
+TEST_F(Room, ARoomThatTheUserHasFoundMeanwhileStays)
+{
+    own();
+    askToJoin();
+    EXPECT_TRUE(messenger.requests.isEmpty());
+    EXPECT_TRUE(state.RoomName == u"Mine" && state.IsRoomOwner);
+
+    lifecycle.ResetRoom();
+    answer(u"REQUESTJOINCHANNEL"_s, uR"(<AJC r="5"/>)"_s);
+    QTimer::singleShot(0, [this] { own(13); });
+    askToJoin();
+    EXPECT_TRUE(prompts.boxes.isEmpty() && state.InRoom && state.CurrentRoomID == 13);
+}
+
+TEST_F(Room, WhoGoesOnWhileTheAnswerToLeavingIsAwaitedHasLeft)
+{
+    join();
+    QTimer::singleShot(0, [this] {
+        lifecycle.endDeparture();
+        EXPECT_EQ(lifecycle.ShownRoomID(), 0);
+        own(13);
+    });
+    lifecycle.LeaveRoom(false);
+    EXPECT_EQ(shown(), QStringList{u"3 Created room: Talk - Mine"_s});
+    lifecycle.endDeparture();
+    EXPECT_TRUE(state.InRoom) << "nothing is under way";
 }
 
 TEST_F(Room, WhatComesBeforeTheWindowIsReady)
@@ -532,6 +536,18 @@ TEST_F(Room, TheWayOutLeavesTheRoomAndEndsEvenWithoutAnAnswer)
     EXPECT_TRUE(eventually([&] { return ended; }));
     EXPECT_EQ(messenger.requests, QStringList{u"<LEAVECHANNEL cid=\"12\"/>"_s});
     EXPECT_TRUE(link.isShutDown());
+}
+
+TEST(Composing, TheItemThatTravels)
+{
+    QFont font;
+    EXPECT_EQ(roomMessageItem(u"hello", font), u"<SMSG>hello\u0001"_s);
+    font.setBold(true);
+    font.setUnderline(true);
+    EXPECT_EQ(roomMessageItem(u"hello", font), u"<SMSG><b><u>hello\u0001"_s);
+    font.setItalic(true);
+    const QString forged = u"a\u0001<EMOT>b\u0002\u0003\r\n\tc"_s;
+    EXPECT_EQ(roomMessageItem(forged, font), u"<SMSG><b><i><u>a<EMOT>b\tc\u0001"_s);
 }
 
 } // namespace

@@ -1,41 +1,37 @@
 #include "room/session_commands.h"
+#include "support/composed.h"
+#include "support/files.h"
 #include "support/room_fixture.h"
 
-#include <QTemporaryDir>
+#include <QGuiApplication>
 
 namespace {
 
-struct RoomWindow : RoomFixture
+using RoomWindow = RoomFixture;
+
+TEST_F(RoomWindow, WhatIsTypedWhileAMessageIsOnItsWayStays)
 {
-    void beOwner()
-    {
-        state.CurrentRoomID = 12;
-        state.InRoom = state.IsRoomOwner = true;
-    }
-};
-
-TEST_F(RoomWindow, EnterSendsAndEmptiesTheBox)
-{
-    text->setText(u"hello"_s);
-    send();
-    EXPECT_EQ(text->text(), u"hello"_s) << "no room, nothing sent";
-
-    beOwner();
-    send();
-    EXPECT_TRUE(text->text().isEmpty());
-    EXPECT_EQ(board->toPlainText(), u"Ann: hello"_s);
-
+    enter();
     text->setText(u"sent"_s);
     QTimer::singleShot(0, [&] { text->insert(u" and more"_s); });
-    window.findChild<QAbstractButton *>(u"smdSend"_s)->click();
-    EXPECT_EQ(text->text(), u"sent and more"_s) << "nothing that was typed is lost";
+    press(u"smdSend"_s);
+    EXPECT_EQ(text->text(), u" and more"_s);
+}
+
+TEST_F(RoomWindow, SystemColoursOfTheOptionsAreThoseOfTheDesktop)
+{
+    constexpr ColourValue windowGround = 0x80000005;
+    options.MMBC = options.CMBC = windowGround;
+    window.takeOptions();
+    const QColor ground = QGuiApplication::palette().color(QPalette::Base);
+    EXPECT_EQ(text->palette().color(QPalette::Base), ground);
+    EXPECT_EQ(board->backgroundColour(), ground);
 }
 
 TEST_F(RoomWindow, ClosingAsksAnOwnerWithGuestsAndTakesTheWayOut)
 {
-    beOwner();
-    messenger.send(u"<QJC id=\"u1\" nm=\"Ann\"/><QJC id=\"u2\" nm=\"Bob\"/>"_s);
-    ASSERT_TRUE(eventually([this] { return board->toPlainText().contains(u"Bob"_s); }));
+    enter(true);
+    receive(u"<QJC id=\"u1\" nm=\"Ann\"/><QJC id=\"u2\" nm=\"Bob\"/>"_s);
     prompts.answer = PromptAnswer::No;
     EXPECT_FALSE(window.close());
     EXPECT_EQ(prompts.boxes, QStringList{u"Warning: Leave Chat: You still have people in your chat room!  "
@@ -50,10 +46,7 @@ TEST_F(RoomWindow, ClosingAsksAnOwnerWithGuestsAndTakesTheWayOut)
 
 TEST_F(RoomWindow, EveryControlHasAName)
 {
-    for (const QWidget *widget : window.findChildren<QWidget *>()) {
-        const bool isReached = (widget->focusPolicy() & Qt::TabFocus) != 0;
-        EXPECT_TRUE(!isReached || !widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
-    }
+    expectNames(window);
 }
 
 TEST_F(RoomWindow, SavesTheSessionOrNothing)
@@ -67,12 +60,10 @@ TEST_F(RoomWindow, SavesTheSessionOrNothing)
     const QString today = sessionDate(QDate::currentDate());
     EXPECT_EQ(prompts.boxes.last(),
               QString(u"Save: Save Session to File: Chat Session " + today + u".rtf: Richtext File (*.rtf)"));
-    prompts.file = folder.filePath(u"kept"_s);
+    prompts.file = folder.filePath(u"kept.rtf"_s);
     session.save();
     ASSERT_TRUE(eventually([&] { return whole.has_value(); }));
-    QFile file(folder.filePath(u"kept.rtf"_s));
-    ASSERT_TRUE(*whole && file.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(file.readAll().contains("hello"));
+    EXPECT_TRUE(*whole && contentOf(folder.filePath(u"kept.rtf"_s)).contains("hello"));
 
     whole.reset();
     prompts.file = folder.filePath(u"no such folder/kept.rtf"_s);
