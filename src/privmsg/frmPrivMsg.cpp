@@ -16,6 +16,7 @@
 #include "privmsg/split_strip.h"
 #include "room/composing.h"
 #include "room/message_board.h"
+#include "skin/caption_look.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -134,7 +135,7 @@ void frmPrivMsg::SetupPrivateSession(const QString &id, const QString &name, Ope
 
 void frmPrivMsg::Load()
 {
-    setWindowTitle(QString(m_peerName % tr(" - Private Message")));
+    setWindowTitle(titleFor(m_peerName % tr(" - Private Message")));
     takePlacement(*this, readPlacement(m_chat.settings, m_peerId));
     QFont font(m_chat.rtfText.font().family());
     font.setPointSizeF(wholeHalfPoints(m_chat.rtfText.font()) / 2.0);
@@ -149,8 +150,8 @@ void frmPrivMsg::bringToFront(OpenedBy by)
         showNormal();
     } else if (isHidden()) {
         show(); // which puts it in front
-    } else if (!isMinimized()) {
-        raise();
+    } else if (!isMinimized() && (by == OpenedBy::User || QApplication::activeWindow() != nullptr)) {
+        raise(); // but not over another program's window, should the user work there
     }
     setAttribute(Qt::WA_ShowWithoutActivating, false);
     if (by == OpenedBy::User) {
@@ -235,9 +236,7 @@ void frmPrivMsg::send()
 void frmPrivMsg::sent(const QString &text)
 {
     ShowPrivateMessage(m_chat.state.MyUserID, GenerateMyPrivateMsg(withoutControlCharacters(text)));
-    if (m_controls.txtMsg->text() == text) {
-        m_controls.txtMsg->clear();
-    }
+    m_controls.txtMsg->removeSent(text);
     m_controls.txtMsg->setFocus();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QTextCursor>
 #include <QTextDocument>
 
 #include <cmath>
@@ -33,6 +34,15 @@ QString MessageEdit::text() const
 bool MessageEdit::isEmpty() const
 {
     return document()->isEmpty();
+}
+
+void MessageEdit::removeSent(const QString &sent)
+{
+    if (text().startsWith(sent)) {
+        QTextCursor cursor(document());
+        cursor.setPosition(static_cast<int>(sent.size()), QTextCursor::KeepAnchor);
+        cursor.removeSelectedText();
+    }
 }
 
 int MessageEdit::heightOf(int lines) const

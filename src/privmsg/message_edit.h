@@ -15,6 +15,8 @@ public:
     /// What is written, on one line.
     [[nodiscard]] QString text() const;
     [[nodiscard]] bool isEmpty() const;
+    /// Leaves what has been typed behind it; nothing happens when the text begins otherwise by now.
+    void removeSent(const QString &sent);
 
     /// The height of the box for that many lines, in pixels.
     [[nodiscard]] int heightOf(int lines) const;

@@ -7,20 +7,12 @@
 #include "room/message_board.h"
 #include "room/message_text.h"
 
-#include <QStringList>
+#include <algorithm>
 
 namespace {
 
 constexpr qsizetype mostByMessages = 50;
 constexpr QStringView messageStart = u"<SMSG>";
-
-/// Each ends with character code 1; what follows the last one is none.
-QStringList itemsOf(const QString &body)
-{
-    QStringList items = body.split(itemEnd);
-    items.removeLast();
-    return items;
-}
 
 /// An answer to nobody would go to the whole room, and in a request these characters end the place of the id.
 bool canBeAnswered(const QString &id)
@@ -28,11 +20,20 @@ bool canBeAnswered(const QString &id)
     return !id.isEmpty() && !id.contains(u'"') && !id.contains(u'\\');
 }
 
+QString keyOf(const QString &id)
+{
+    return u'W' + id;
+}
+
 } // namespace
 
 PrivateWindows::PrivateWindows(const WindowDress &dress, const PrivateChat &chat)
     : m_dress(dress), m_chat(chat)
-{}
+{
+    m_nextTurn.setSingleShot(true);
+    m_nextTurn.setInterval(0);
+    connect(&m_nextTurn, &QTimer::timeout, this, &PrivateWindows::openNext);
+}
 
 PrivateWindows::~PrivateWindows()
 {
@@ -47,23 +48,73 @@ void PrivateWindows::ReceivePrivateMessage(const QString &id, const QString &nam
     if (m_chat.link.isShutDown()) {
         return; // the program is on its way out
     }
-    const QString key = u'W' + id;
-    const OpenedBy by = body.isEmpty() ? OpenedBy::User : OpenedBy::Message;
-    const QStringList items = itemsOf(body);
-    frmPrivMsg *window = m_open.value(key);
-    if (window != nullptr) {
+    const Message message{id, name, body};
+    if (frmPrivMsg *window = m_open.value(keyOf(id))) {
         window->update();
-    } else if (!canBeAnswered(id) || (by == OpenedBy::Message && m_open.size() >= mostByMessages)) {
-        showOnBoard(id, name, items);
-        return;
-    } else {
-        window = &make(key);
+        show(*window, message);
+    } else if (!canBeAnswered(id) || (!body.isEmpty() && !putAside(message))) {
+        showOnBoard(message);
+    } else if (body.isEmpty()) {
+        Messages messages = takeWaiting(id);
+        messages.insert(messages.begin(), message);
+        open(messages);
+    } else if (!m_nextTurn.isActive()) {
+        openNext();
     }
-    window->SetupPrivateSession(id, name, by);
-    for (const QString &item : items) {
-        window->ShowPrivateMessage(id, item.startsWith(messageStart) ? m_chat.messages.GeneratePrivateMsg(
-                                                                           item.sliced(messageStart.size()))
-                                                                     : item);
+}
+
+/// False when too many windows are open or to be opened.
+bool PrivateWindows::putAside(const Message &message)
+{
+    const auto waiting = std::ranges::find(m_waiting, message.id, idOf);
+    if (waiting != m_waiting.end()) {
+        waiting->push_back(message);
+        return true;
+    }
+    if (m_open.size() + std::ssize(m_waiting) >= mostByMessages) {
+        return false;
+    }
+    m_waiting.push_back({message});
+    return true;
+}
+
+PrivateWindows::Messages PrivateWindows::takeWaiting(const QString &id)
+{
+    Messages messages;
+    if (const auto waiting = std::ranges::find(m_waiting, id, idOf); waiting != m_waiting.end()) {
+        messages = std::move(*waiting);
+        m_waiting.erase(waiting);
+    }
+    return messages;
+}
+
+/// A turn of events is over: there is time for another window.
+void PrivateWindows::openNext()
+{
+    if (m_waiting.empty() || m_chat.link.isShutDown()) {
+        return;
+    }
+    m_nextTurn.start();
+    open(takeWaiting(idOf(m_waiting.front())));
+}
+
+void PrivateWindows::open(const Messages &messages)
+{
+    frmPrivMsg &window = make(keyOf(idOf(messages)));
+    for (const Message &message : messages) {
+        show(window, message);
+    }
+}
+
+void PrivateWindows::show(frmPrivMsg &window, const Message &message)
+{
+    window.SetupPrivateSession(message.id, message.name,
+                               message.body.isEmpty() ? OpenedBy::User : OpenedBy::Message);
+    for (const QString &item : itemsOf(message.body)) {
+        window.ShowPrivateMessage(message.id,
+                                  item.startsWith(messageStart)
+                                      ? m_chat.messages.GeneratePrivateMsg(item.sliced(messageStart.size()))
+                                      : item);
     }
 }
 
@@ -86,10 +137,10 @@ frmPrivMsg &PrivateWindows::make(const QString &key)
 }
 
 /// The words are not lost, and the user may answer by the member's menu.
-void PrivateWindows::showOnBoard(const QString &id, const QString &name, const QStringList &items)
+void PrivateWindows::showOnBoard(const Message &message)
 {
-    const QString sender = shownPeerName(name, id);
-    for (const QString &item : items) {
+    const QString sender = shownPeerName(message.name, message.id);
+    for (const QString &item : itemsOf(message.body)) {
         const QString text =
             item.startsWith(messageStart) ? withoutTags(item.sliced(messageStart.size())) : item;
         m_chat.messages.AddMessage(QString(tr("Private message from '") % sender % u"': " % text),
@@ -99,6 +150,7 @@ void PrivateWindows::showOnBoard(const QString &id, const QString &name, const Q
 
 void PrivateWindows::UnloadAll()
 {
+    m_waiting.clear();
     const QList<frmPrivMsg *> open = m_open.values();
     for (frmPrivMsg *window : open) {
         window->close();

@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 
 #include <vector>
 
@@ -22,8 +23,9 @@ public:
     ~PrivateWindows() override;
 
     /// Shows the items of the body in the person's own window, which is made when there is none. An empty
-    /// body means that the user wants to write to that person: the window gets the keyboard. While very many
-    /// windows are open a message opens no other one; it is shown on the room's board.
+    /// body means that the user wants to write to that person: the window gets the keyboard. Messages open
+    /// one window in each turn of events; those for others wait for theirs. While very many windows are open
+    /// a message opens no other one; it is shown on the room's board.
     void ReceivePrivateMessage(const QString &id, const QString &name, const QString &body);
 
     /// Closes them all.
@@ -35,12 +37,29 @@ Q_SIGNALS:
     void addressActivated(const QUrl &address);
 
 private:
+    struct Message
+    {
+        QString id;
+        QString name;
+        QString body;
+    };
+    /// One person's, in their order; at least one.
+    using Messages = std::vector<Message>;
+
+    [[nodiscard]] static const QString &idOf(const Messages &messages) { return messages.front().id; }
+    [[nodiscard]] bool putAside(const Message &message);
+    [[nodiscard]] Messages takeWaiting(const QString &id);
+    void openNext();
+    void open(const Messages &messages);
+    void show(frmPrivMsg &window, const Message &message);
     [[nodiscard]] frmPrivMsg &make(const QString &key);
-    void showOnBoard(const QString &id, const QString &name, const QStringList &items);
+    void showOnBoard(const Message &message);
 
     WindowDress m_dress;
     PrivateChat m_chat;
     QHash<QString, frmPrivMsg *> m_open;      ///< by "W" and the person's id
     std::vector<QPointer<frmPrivMsg>> m_made; ///< those that still wait for an answer included
     QHash<QString, QString> m_drafts;         ///< what was written in closed windows, by the same keys
+    std::vector<Messages> m_waiting;          ///< of people who have no window yet
+    QTimer m_nextTurn;                        ///< runs from one window that a message opens to the next turn
 };

@@ -1,10 +1,9 @@
 #include "privmsg/privmsg_placement.h"
 
 #include "core/numbers.h"
+#include "platform/on_screen.h"
 #include "platform/settings_file.h"
 
-#include <QGuiApplication>
-#include <QScreen>
 #include <QWidget>
 
 #include <algorithm>
@@ -17,19 +16,6 @@ constexpr qsizetype longestId = 64;
 QString sectionOf(const QString &peerId)
 {
     return u"ChatPrivMsg-" + peerId;
-}
-
-qint64 area(const QRect &rect)
-{
-    return rect.isEmpty() ? 0 : qint64(rect.width()) * rect.height();
-}
-
-void writeIfNew(SettingsFile &settings, const QString &key, int value, const QString &section)
-{
-    const QString text = QString::number(value);
-    if (settings.ReadValue(key, {}, section) != text) {
-        settings.WriteValue(key, text, section);
-    }
 }
 
 } // namespace
@@ -48,11 +34,7 @@ void takePlacement(QWidget &window, const PrivatePlacement &placement)
 {
     const QRect wanted(placement.left.value_or(window.x()), placement.top.value_or(window.y()),
                        placement.width.value_or(window.width()), placement.height.value_or(window.height()));
-    QList<QRect> screens;
-    for (const QScreen *screen : QGuiApplication::screens()) {
-        screens += screen->availableGeometry();
-    }
-    const QRect place = broughtOnScreen(wanted, window.minimumSize(), screens);
+    const QRect place = broughtOnScreen(wanted, window.minimumSize(), availableScreens());
     window.resize(place.size());
     if (placement.left || placement.top) { // else the window manager finds a place
         window.move(place.topLeft());
@@ -65,26 +47,18 @@ void writePlacement(SettingsFile &settings, const QString &peerId, const QWidget
         return;
     }
     const QString section = sectionOf(peerId);
-    writeIfNew(settings, QStringLiteral("ConvHeight"), convHeight, section);
-    if (window.isMinimized() || window.isMaximized() || window.isFullScreen()) {
-        return;
+    QList<SettingsValue> values = {{QStringLiteral("ConvHeight"), QString::number(convHeight)}};
+    if (!window.isMinimized() && !window.isMaximized() && !window.isFullScreen()) {
+        const auto twips = [](int pixels) { return QString::number(pixels * twipsPerPixel); };
+        values += {{QStringLiteral("Left"), twips(window.x())},
+                   {QStringLiteral("Top"), twips(window.y())},
+                   {QStringLiteral("Width"), twips(window.width())},
+                   {QStringLiteral("Height"), twips(window.height())}};
     }
-    writeIfNew(settings, QStringLiteral("Left"), window.x() * twipsPerPixel, section);
-    writeIfNew(settings, QStringLiteral("Top"), window.y() * twipsPerPixel, section);
-    writeIfNew(settings, QStringLiteral("Width"), window.width() * twipsPerPixel, section);
-    writeIfNew(settings, QStringLiteral("Height"), window.height() * twipsPerPixel, section);
-}
-
-QRect broughtOnScreen(const QRect &wanted, QSize minimum, const QList<QRect> &screens)
-{
-    if (screens.isEmpty()) {
-        return wanted;
+    const auto isNew = [&](const SettingsValue &each) {
+        return settings.ReadValue(each.key, {}, section) != each.value;
+    };
+    if (std::ranges::any_of(values, isNew)) {
+        settings.WriteValues(values, section);
     }
-    const QRect whole(wanted.topLeft(), wanted.size().expandedTo(minimum));
-    const auto covered = [&](const QRect &screen) { return area(screen & whole); };
-    const QRect screen = *std::ranges::max_element(screens, {}, covered);
-    QRect place(whole.topLeft(), whole.size().boundedTo(screen.size()));
-    place.moveLeft(std::clamp(place.left(), screen.left(), screen.right() + 1 - place.width()));
-    place.moveTop(std::clamp(place.top(), screen.top(), screen.bottom() + 1 - place.height()));
-    return place;
 }

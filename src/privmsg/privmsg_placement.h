@@ -1,8 +1,5 @@
 #pragma once
 
-#include <QList>
-#include <QRect>
-
 #include <optional>
 
 class QString;
@@ -28,7 +25,3 @@ void takePlacement(QWidget &window, const PrivatePlacement &placement);
 /// Writes the height of the conversation and, while the window is neither minimised nor maximised, where it
 /// stands. An id that no messenger would give away is not written.
 void writePlacement(SettingsFile &settings, const QString &peerId, const QWidget &window, int convHeight);
-
-/// The rectangle, at least of the minimum size, moved and cut so that it lies within the screen that it
-/// covers most of; the first one when it covers none. Unchanged where there is no screen.
-[[nodiscard]] QRect broughtOnScreen(const QRect &wanted, QSize minimum, const QList<QRect> &screens);

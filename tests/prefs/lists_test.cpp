@@ -44,7 +44,7 @@ struct ListsDialog : PrefsFixture
                 box.insert(id);
             }
             find<QLineEdit>(asking, u"txtName"_s).insert(name);
-            press(box, Qt::Key_Return);
+            pressKey(box, Qt::Key_Return);
             EXPECT_EQ(asking.isVisible(), id.trimmed().isEmpty()) << "without an id there is no Ok";
             asking.close(); // unless it has been
         });
@@ -97,45 +97,36 @@ TEST_F(ListsDialog, OnlyOkSavesButChangesHold)
 {
     click(*dialog, u"optType_1"_s);
     list.setCurrentItem(list.topLevelItem(0));
-    press(list, Qt::Key_Delete);
+    pressKey(list, Qt::Key_Delete);
     click(*dialog, u"smdCancel"_s);
     EXPECT_TRUE(dialog->isHidden());
     EXPECT_FALSE(IsInList(lists.AcceptList, u"9"_s));
     EXPECT_TRUE(file(u"ChatList.dat"_s).isEmpty());
 
     show(u'I');
-    press(list, Qt::Key_Return);
+    pressKey(list, Qt::Key_Return);
     EXPECT_TRUE(dialog->isHidden());
     EXPECT_EQ(file(u"ChatList.dat"_s),
               u"I-7          Ann\r\nI-8          B\u202Eo b\r\nP-5          Dora\r\n"_s);
 }
 
-struct Typed
-{
-    const char16_t *id;
-    const char16_t *name;
-    const char16_t *row; ///< that is selected afterwards; empty: none
-    qsizetype rows;
-};
-
 TEST_F(ListsDialog, AddsAUserByHand)
 {
-    const Typed cases[] = {
-        {u"", u"Nobody", u"", 2},
-        {u"  \t ", u"Nobody", u"", 2},
-        {u" 12 ", u" Eve\u0003 ", u"12 Eve", 3},
-        {u"7", u"Another", u"7 Ann", 3}, // the first name stays
-        {u"12345678901", u"Long", u"1234567890 Long", 4},
-        {u"5", u"", u"5 Dora", 5}, // a contact
-        {u"6", u"", u"6 ", 6},
+    const std::tuple<QString, QString, QString, qsizetype> cases[] = {
+        // id, name, the row that is selected afterwards, how many there are then
+        {u""_s, u"Nobody"_s, {}, 2},
+        {u"  \t "_s, u"Nobody"_s, {}, 2},
+        {u" 12 "_s, u" Eve\u0003 "_s, u"12 Eve"_s, 3},
+        {u"7"_s, u"Another"_s, u"7 Ann"_s, 3}, // the first name stays
+        {u"12345678901"_s, u"Long"_s, u"1234567890 Long"_s, 4},
+        {u"5"_s, {}, u"5 Dora"_s, 5}, // a contact
+        {u"6"_s, {}, u"6 "_s, 6},
     };
-    for (const Typed &typed : cases) {
-        add(QStringView(typed.id).toString(), QStringView(typed.name).toString());
-        const QList<QTreeWidgetItem *> selected = list.selectedItems();
-        const QString row =
-            selected.isEmpty() ? QString() : QString(selected[0]->text(0) % u' ' % selected[0]->text(1));
-        EXPECT_EQ(row, QStringView(typed.row).toString());
-        EXPECT_EQ(list.topLevelItemCount(), typed.rows) << qPrintable(row);
+    for (const auto &[id, name, row, rows] : cases) {
+        add(id, name);
+        const QTreeWidgetItem *chosen = list.selectedItems().value(0);
+        EXPECT_EQ(chosen == nullptr ? QString() : QString(chosen->text(0) % u' ' % chosen->text(1)), row);
+        EXPECT_EQ(list.topLevelItemCount(), rows) << qPrintable(row);
     }
     EXPECT_EQ(lists.IgnoreList.last(), (ListedUser{u"6"_s, QString()}));
 

@@ -51,53 +51,38 @@ struct OptionsDialog : PrefsFixture
         return shown;
     }
 
-    static void clickLabel(const QWidget &window, const QString &name)
-    {
-        QLabel &label = find<QLabel>(window, name);
-        for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            QMouseEvent event(type, {2, 2}, label.mapToGlobal(QPointF(2, 2)), Qt::LeftButton, Qt::LeftButton,
-                              {});
-            QCoreApplication::sendEvent(&label, &event);
-        }
-    }
-
     int changes = 0;
 
 private:
     std::unique_ptr<frmOptions> m_dialog;
 };
 
-struct ControlOfOption
-{
-    const char16_t *control;
-    const char16_t *name; ///< as assistive programs have it; empty: none is needed
-    const char16_t *line; ///< of the file, once the control has been used
-};
-
-constexpr ControlOfOption controls[] = {
-    {u"lblColour_0", u"My username text colour", u"UNTC         197121"},
-    {u"lblColour_1", u"My username background colour", u"UNBC         197121"},
-    {u"lblColour_2", u"My messages text colour", u"MMTC         197121"},
-    {u"lblColour_3", u"My messages background colour", u"MMBC         197121"},
-    {u"lblColour_4", u"Chatters name text colour", u"CNTC         197121"},
-    {u"lblColour_5", u"Chatters name background colour", u"CNBC         197121"},
-    {u"lblColour_6", u"Chatters messages text colour", u"CMTC         197121"},
-    {u"lblColour_7", u"Chatters messages background colour", u"CMBC         197121"},
-    {u"lblColour_8", u"Emotions text colour", u"EMTC         197121"},
-    {u"lblColour_9", u"Emotions background colour", u"EMBC         197121"},
-    {u"lblColour_10", u"Normal notice", u"SNORMAL      197121"},
-    {u"lblColour_11", u"Warning notice", u"SWARNING     197121"},
-    {u"lblColour_12", u"Error notice", u"SERROR       197121"},
-    {u"lblColour_13", u"Highlight", u"HIGHLIGHT    197121"},
-    {u"chkEmoticons", u"Use Emoticons", u"EMOTICONS    False"},
-    {u"chkIgnoreColours", u"Ignore Color & Styles", u"IGNORECOL    False"},
-    {u"chkLeave", u"Tell me when people enter/leave room", u"DPINOUT      False"},
-    {u"chkPyloxUsers", u"Tell me when my Pylox users are online", u"DDUSERS      False"},
-    {u"optWordFilter_1", u"Cleaner", u"WORDFILER    1"},
-    {u"optWordFilter_2", u"Cleanest", u"WORDFILER    2"},
-    {u"lblWordFilter_2", u"", u"WORDFILER    2"},
-    {u"lblInfo_1", u"", u"EMOTICONS    False"},
-    {u"cmbAccept", u"Accept new users", u"ACCEPTUSER   3"},
+/// A control, its name as assistive programs have it, empty where none is needed, and the line of the file
+/// once the control has been used.
+const std::tuple<QString, QString, QString> controls[] = {
+    {u"lblColour_0"_s, u"My username text colour"_s, u"UNTC         197121"_s},
+    {u"lblColour_1"_s, u"My username background colour"_s, u"UNBC         197121"_s},
+    {u"lblColour_2"_s, u"My messages text colour"_s, u"MMTC         197121"_s},
+    {u"lblColour_3"_s, u"My messages background colour"_s, u"MMBC         197121"_s},
+    {u"lblColour_4"_s, u"Chatters name text colour"_s, u"CNTC         197121"_s},
+    {u"lblColour_5"_s, u"Chatters name background colour"_s, u"CNBC         197121"_s},
+    {u"lblColour_6"_s, u"Chatters messages text colour"_s, u"CMTC         197121"_s},
+    {u"lblColour_7"_s, u"Chatters messages background colour"_s, u"CMBC         197121"_s},
+    {u"lblColour_8"_s, u"Emotions text colour"_s, u"EMTC         197121"_s},
+    {u"lblColour_9"_s, u"Emotions background colour"_s, u"EMBC         197121"_s},
+    {u"lblColour_10"_s, u"Normal notice"_s, u"SNORMAL      197121"_s},
+    {u"lblColour_11"_s, u"Warning notice"_s, u"SWARNING     197121"_s},
+    {u"lblColour_12"_s, u"Error notice"_s, u"SERROR       197121"_s},
+    {u"lblColour_13"_s, u"Highlight"_s, u"HIGHLIGHT    197121"_s},
+    {u"chkEmoticons"_s, u"Use Emoticons"_s, u"EMOTICONS    False"_s},
+    {u"chkIgnoreColours"_s, u"Ignore Color & Styles"_s, u"IGNORECOL    False"_s},
+    {u"chkLeave"_s, u"Tell me when people enter/leave room"_s, u"DPINOUT      False"_s},
+    {u"chkPyloxUsers"_s, u"Tell me when my Pylox users are online"_s, u"DDUSERS      False"_s},
+    {u"optWordFilter_1"_s, u"Cleaner"_s, u"WORDFILER    1"_s},
+    {u"optWordFilter_2"_s, u"Cleanest"_s, u"WORDFILER    2"_s},
+    {u"lblWordFilter_2"_s, u""_s, u"WORDFILER    2"_s},
+    {u"lblInfo_1"_s, u""_s, u"EMOTICONS    False"_s},
+    {u"cmbAccept"_s, u"Accept new users"_s, u"ACCEPTUSER   3"_s},
 };
 
 TEST_F(OptionsDialog, EveryControlChangesItsOwnOptionAndNoOther)
@@ -105,23 +90,22 @@ TEST_F(OptionsDialog, EveryControlChangesItsOwnOptionAndNoOther)
     const Options before = options;
     const QStringList unchanged = ok().split(u"\r\n"_s);
     prompts.colour = 0x030201;
-    for (const ControlOfOption &c : controls) {
+    for (const auto &[name, heard, line] : controls) {
         options = before;
-        const QString name = QStringView(c.control).toString();
         QWidget &control = find<QWidget>(dialog(), name);
-        EXPECT_EQ(control.accessibleName(), QStringView(c.name).toString());
+        EXPECT_EQ(control.accessibleName(), heard);
         if (auto *box = qobject_cast<QComboBox *>(&control)) {
             box->setCurrentIndex(3);
         } else if (qobject_cast<QLabel *>(&control) != nullptr) {
-            clickLabel(dialog(), name);
+            clickAt(control, {2, 2});
         } else {
             click(dialog(), name);
         }
         QStringList changed = ok().split(u"\r\n"_s);
-        for (const QString &line : unchanged) {
-            changed.removeOne(line);
+        for (const QString &same : unchanged) {
+            changed.removeOne(same);
         }
-        EXPECT_EQ(changed, QStringList{QStringView(c.line).toString()}) << qPrintable(name);
+        EXPECT_EQ(changed, QStringList{line}) << qPrintable(name);
     }
     EXPECT_EQ(changes, 1 /* with the first dialog only */);
 }
@@ -149,7 +133,7 @@ TEST_F(OptionsDialog, OnlyOkChangesAnything)
     };
     const std::function<void()> ways[] = {[this] { click(dialog(), u"smdCancel"_s); },
                                           [this] { click(dialog(), u"sysClose"_s); },
-                                          [this] { press(dialog(), Qt::Key_Escape); }};
+                                          [this] { pressKey(dialog(), Qt::Key_Escape); }};
     for (const auto &leave : ways) {
         use();
         leave();
@@ -159,7 +143,7 @@ TEST_F(OptionsDialog, OnlyOkChangesAnything)
 
     use();
     ASSERT_TRUE(QDir(written.app.Path()).mkdir(u"skin ChatOpt.dat"_s)); // it cannot be written
-    press(find<QWidget>(dialog(), u"cmbAccept"_s), Qt::Key_Return);
+    pressKey(find<QWidget>(dialog(), u"cmbAccept"_s), Qt::Key_Return);
     EXPECT_TRUE(!options.EMOTICONS && options.UNTC == 7) << "what cannot be saved holds all the same";
     EXPECT_EQ(prompts.boxes.filter(u"Color"_s).size(), prompts.boxes.size()) << "in silence";
 }
@@ -175,7 +159,7 @@ TEST_F(OptionsDialog, SwatchesArePressedByKeysAndShowWhatTheyAre)
     EXPECT_EQ(swatch.grab().toImage().pixelColor(swatch.rect().center()), QColor(0x33, 0x22, 0x11));
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
         prompts.boxes.clear();
-        press(swatch, key);
+        pressKey(swatch, key);
         EXPECT_TRUE(eventually([&] { return prompts.boxes == QStringList{u"Color: 1122867"_s}; }));
         EXPECT_EQ(swatch.colour(), 0x112233U) << "Cancel";
     }
@@ -198,14 +182,14 @@ TEST_F(OptionsDialog, TheFirstPageComesBackWithTheListsAndNotWithAColour)
     bool shown = false;
     next([&] {
         auto &list = find<frmIgnore>(dialog(), u"frmIgnore"_s);
-        press(list, Qt::Key_F1);
+        pressKey(list, Qt::Key_F1);
         shown = list.isVisible() && list.windowModality() == Qt::WindowModal && showsColours();
         click(list, u"smdCancel"_s);
     });
     click(dialog(), u"smdIgnore"_s);
     EXPECT_TRUE(shown);
     EXPECT_FALSE(showsColours());
-    press(dialog(), Qt::Key_F1);
+    pressKey(dialog(), Qt::Key_F1);
     EXPECT_EQ(help, (QStringList{u"chat_lists"_s, u"options"_s}));
 
     next([&] { dialog().close(); }); // the program ends
@@ -231,7 +215,7 @@ TEST_F(OptionsDialog, TheKeyboardReachesEverythingInReadingOrder)
             const QWidget *focus = dialog().focusWidget();
             EXPECT_FALSE(focus->accessibleName().isEmpty()) << qPrintable(focus->objectName());
             reached += focus->objectName();
-            press(*dialog().focusWidget(), Qt::Key_Tab);
+            pressKey(*dialog().focusWidget(), Qt::Key_Tab);
         }
         EXPECT_EQ(reached, order);
     }

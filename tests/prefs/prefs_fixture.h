@@ -8,10 +8,10 @@
 #include "prefs/frmOptions.h"
 #include "room/saved_settings.h"
 #include "skin/written_skin.h"
+#include "support/composed.h"
 #include "support/eventually.h"
 #include "support/fake_prompts.h"
-
-#include <QKeyEvent>
+#include "support/input.h"
 
 /// The preferences of a user, in files, and what dialogs need to change them.
 struct PrefsFixture : testing::Test
@@ -27,41 +27,11 @@ struct PrefsFixture : testing::Test
         return readTextFile(QString(written.app.Path() % name)).value_or(QString());
     }
 
-    static void press(QWidget &widget, Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(type, key, modifiers);
-            QCoreApplication::sendEvent(&widget, &event);
-        }
-    }
-
     /// Runs as soon as events go on: inside the dialog that the next step opens.
     template <typename Action>
     static void next(Action action)
     {
         QTimer::singleShot(0, action);
-    }
-
-    /// Everything that the user sees has the room it wants, within its parent and beside its neighbours.
-    static void expectComposed(const QWidget &window)
-    {
-        for (const auto *widget : window.findChildren<QWidget *>()) {
-            const QString name = widget->objectName();
-            if (!widget->isVisible() || name.isEmpty() || name.startsWith(u"qt_"_s) ||
-                name.startsWith(u"skf"_s)) {
-                continue;
-            }
-            const QWidget &parent = *widget->parentWidget();
-            EXPECT_TRUE(parent.rect().contains(widget->geometry())) << qPrintable(name);
-            EXPECT_GE(widget->width(), widget->minimumSizeHint().width()) << qPrintable(name);
-            EXPECT_GE(widget->height(), widget->minimumSizeHint().height()) << qPrintable(name);
-            for (const auto *other : parent.findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
-                const bool beside = other != widget && other->isVisible() && !other->isWindow() &&
-                                    !other->objectName().startsWith(u"skf"_s);
-                EXPECT_FALSE(beside && other->geometry().intersects(widget->geometry()))
-                    << qPrintable(name) << " and " << qPrintable(other->objectName());
-            }
-        }
     }
 
     template <typename Widget>

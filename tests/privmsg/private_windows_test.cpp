@@ -8,17 +8,20 @@
 #include "privmsg/private_windows.h"
 #include "privmsg/split_strip.h"
 #include "room/message_board.h"
+#include "skin/caption_look.h"
 #include "skin/skin_in_use.h"
+#include "support/composed.h"
+#include "support/input.h"
 #include "support/link_fixture.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMouseEvent>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
+#include <QWindow>
 
 namespace {
 
@@ -46,16 +49,9 @@ struct Shown
         return window->findChild<QLabel *>(u"lblDetails_%1"_s.arg(index))->text();
     }
     [[nodiscard]] QString conversation() const { return rtfConv->toPlainText(); }
-    void press(int key, QWidget *widget, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
+    void enter(Qt::KeyboardModifiers modifiers = {}) const
     {
-        QKeyEvent down(QEvent::KeyPress, key, modifiers, key == Qt::Key_Return ? u"\r"_s : u""_s);
-        QApplication::sendEvent(widget, &down);
-    }
-    void mouse(QEvent::Type type, int y) const
-    {
-        QMouseEvent event(type, QPointF(5, y), lblSplit->mapToGlobal(QPointF(5, y)), Qt::LeftButton,
-                          type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(lblSplit, &event);
+        pressKey(*txtMsg, Qt::Key_Return, u"\r"_s, modifiers);
     }
 
     QPointer<QWidget> window;
@@ -135,7 +131,6 @@ struct PrivateWindowsTest : LinkFixture
 /// The colour of the characters with these words.
 ColourValue colourOf(const RichEdit &box, const QString &words)
 {
-    const QByteArray rtf = box.rtf();
     const qsizetype at = box.toPlainText().indexOf(words);
     const RichDocument part = box.document().copy(at, at + words.size());
     return part.format(part.paragraph(0).runs().front().format).colour;
@@ -147,7 +142,10 @@ TEST_F(PrivateWindowsTest, EachPersonHasAWindow)
     imgList.add(u"eHappy"_s, image);
     all.ReceivePrivateMessage(u"u2"_s, u"Bob"_s, u"<SMSG>hi :)\1{\\rtf1 \\b raw}\1plain\1lost"_s);
     all.ReceivePrivateMessage(u"u3"_s, u"Cat\nDog"_s, u"<SMSG><b>psst\1"_s);
-    EXPECT_EQ(titles(), (QStringList{u"Bob - Private Message"_s, u"Cat Dog - Private Message"_s}));
+    all.ReceivePrivateMessage(u"u3"_s, u"Cat\nDog"_s, u"<SMSG>come\1"_s);
+    EXPECT_EQ(titles(), QStringList{u"Bob - Private Message"_s}) << "a turn of events has one window";
+    EXPECT_TRUE(eventually([] { return titles().size() == 2; }));
+    EXPECT_TRUE(shown(u"Cat Dog"_s).conversation().contains(QRegularExpression(u"psst\n \n.*\n.*come"_s)));
     const Shown bob = shown(u"Bob"_s);
     const QString before = u"Bob%1hi :)\n \nBob%1raw\n \nBob%1plain\n "_s.arg(sentAt);
     EXPECT_EQ(bob.conversation(), before);
@@ -168,21 +166,30 @@ TEST_F(PrivateWindowsTest, EachPersonHasAWindow)
     EXPECT_EQ(shown(u"Bob"_s).conversation(), QString(u"Bob" + sentAt + u"new\n "));
 }
 
+TEST_F(PrivateWindowsTest, ATitleIsTheNameAsItIs)
+{
+    all.ReceivePrivateMessage(u"u2"_s, u"[*]x [*][*]"_s, {});
+    ASSERT_TRUE(eventually([] { return QApplication::activeWindow() != nullptr; }));
+    const QWidget *window = QApplication::activeWindow();
+    EXPECT_EQ(window->windowHandle()->title(), u"[*]x [*][*] - Private Message"_s);
+    EXPECT_EQ(captionOf(window->windowTitle()), u"[*]x [*][*] - Private Message"_s);
+}
+
 TEST_F(PrivateWindowsTest, WhatIsTypedStaysUntilItHasArrived)
 {
     const Shown bob = writeToBob();
     EXPECT_FALSE(bob.smdSend->isEnabled());
-    bob.press(Qt::Key_Return, bob.txtMsg);
+    bob.enter();
     EXPECT_TRUE(messenger.requests.isEmpty());
 
     bob.txtMsg->setPlainText(u"x<u>\x02y"_s);
     EXPECT_TRUE(bob.smdSend->isEnabled());
     state.InRoom = false;
-    bob.press(Qt::Key_Return, bob.txtMsg);
+    bob.enter();
     EXPECT_EQ(bob.txtMsg->text(), u"x<u>\x02y"_s) << "no room, nothing sent";
     state.InRoom = true;
     QTimer::singleShot(0, [&] { bob.smdSend->click(); }); // while the first is on its way
-    bob.press(Qt::Key_Return, bob.txtMsg, Qt::ShiftModifier);
+    bob.enter(Qt::ShiftModifier);
     EXPECT_EQ(
         messenger.requests,
         QStringList{u"<CMSG cid=\"12\" id=\"u1\" tid=\"u2\">\\<SMSG\\>\\<b\\>\\<i\\>x\\<u\\>y\1</CMSG>"_s});
@@ -193,10 +200,10 @@ TEST_F(PrivateWindowsTest, WhatIsTypedStaysUntilItHasArrived)
     bob.txtMsg->setPlainText(u"sent"_s);
     QTimer::singleShot(0, [&] { bob.txtMsg->appendPlainText(u"and more"_s); });
     bob.smdSend->click();
-    EXPECT_EQ(bob.txtMsg->text(), u"sent and more"_s);
+    EXPECT_EQ(bob.txtMsg->text(), u" and more"_s);
     messenger.closeClient();
     bob.smdSend->click();
-    EXPECT_EQ(bob.txtMsg->text(), u"sent and more"_s);
+    EXPECT_EQ(bob.txtMsg->text(), u" and more"_s);
     EXPECT_FALSE(bob.conversation().contains(u"more"));
 }
 
@@ -215,12 +222,12 @@ TEST_F(PrivateWindowsTest, AWindowMayBeClosedWhileItWaits)
                 messenger.closeClient();
             }
         });
-        bob.press(Qt::Key_Return, bob.txtMsg);
+        bob.enter();
         EXPECT_TRUE(eventually([&] { return bob.window == nullptr; }));
         EXPECT_TRUE(titles().isEmpty());
         const Shown again = writeToBob();
         EXPECT_EQ(again.txtMsg->text(), arrives ? u""_s : u"hello"_s) << "what did not arrive is not lost";
-        again.press(Qt::Key_Escape, again.txtMsg);
+        pressKey(*again.txtMsg, Qt::Key_Escape);
         EXPECT_TRUE(titles().isEmpty());
     }
     EXPECT_EQ(writeToBob().txtMsg->text(), u"hello"_s);
@@ -271,7 +278,10 @@ TEST_F(PrivateWindowsTest, ManyStrangersOpenAFewWindowsAndLoseNothing)
     for (int stranger = 1; stranger <= 60; ++stranger) {
         all.ReceivePrivateMessage(u"s%1"_s.arg(stranger), u"S%1"_s.arg(stranger), u"<SMSG><b>hi\1x\1"_s);
     }
-    EXPECT_EQ(titles().size(), 50);
+    all.ReceivePrivateMessage(u"s9"_s, u"S9"_s, {});
+    EXPECT_EQ(shown(u"S9"_s).conversation().count(u"hi"_s), 1)
+        << "what waited is there when the user comes first";
+    EXPECT_TRUE(eventually([] { return titles().size() == 50; }));
     EXPECT_EQ(board.toPlainText().count(u"SERVER: Private message from 'S"_s), 20);
     EXPECT_TRUE(board.toPlainText().startsWith(u"SERVER: Private message from 'S51': hi\n"_s));
     writeToBob();
@@ -323,10 +333,10 @@ TEST_F(PrivateWindowsTest, TheSplitterStopsBeforeTheEdges)
 {
     const Shown bob = writeToBob();
     const auto splitAfter = [&](int top) {
-        bob.mouse(QEvent::MouseButtonPress, 2);
-        bob.mouse(QEvent::MouseMove, top - bob.lblSplit->y());
+        sendMouse(*bob.lblSplit, QEvent::MouseButtonPress, {5, 2});
+        sendMouse(*bob.lblSplit, QEvent::MouseMove, QPointF(5, top - bob.lblSplit->y()));
         EXPECT_TRUE(bob.picSplit->isVisible() && bob.picSplit->y() == top);
-        bob.mouse(QEvent::MouseButtonRelease, 0);
+        sendMouse(*bob.lblSplit, QEvent::MouseButtonRelease, {5, 0});
         EXPECT_FALSE(bob.picSplit->isVisible());
         EXPECT_EQ(bob.rtfConv->geometry().bottom() + 1 + 6, bob.lblSplit->y());
         EXPECT_EQ(bob.txtMsg->y(), bob.lblSplit->y() + 10);
@@ -338,7 +348,7 @@ TEST_F(PrivateWindowsTest, TheSplitterStopsBeforeTheEdges)
     const int lowest = splitAfter(5000);
     EXPECT_LE(lowest, bob.window->height() - 100);
     EXPECT_GE(bob.txtMsg->height(), bob.txtMsg->heightOf(1));
-    bob.press(Qt::Key_Up, bob.lblSplit);
+    pressKey(*bob.lblSplit, Qt::Key_Up);
     EXPECT_EQ(bob.lblSplit->y(), lowest - 10);
     bob.window->resize(bob.window->minimumSize());
     EXPECT_GE(bob.rtfConv->height(), 40);
@@ -371,7 +381,7 @@ TEST_F(PrivateWindowsTest, ButtonsLinksAndHelp)
     EXPECT_EQ(messenger.requests, QStringList{u"<USERDETAILS id=\"u2\"/>"_s});
     QString anchor;
     QObject::connect(&all, &PrivateWindows::helpRequested, [&](const QString &asked) { anchor = asked; });
-    bob.press(Qt::Key_F1, bob.txtMsg);
+    pressKey(*bob.txtMsg, Qt::Key_F1);
     EXPECT_EQ(anchor, u"chat_privmsg"_s);
     QUrl opened;
     QObject::connect(&all, &PrivateWindows::addressActivated, [&](const QUrl &address) { opened = address; });
@@ -380,10 +390,7 @@ TEST_F(PrivateWindowsTest, ButtonsLinksAndHelp)
     QApplication::clipboard()->setText(u"two\r\nlines\u2028here"_s);
     bob.txtMsg->paste();
     EXPECT_EQ(bob.txtMsg->toPlainText(), u"two lines here"_s);
-    for (const QWidget *widget : bob.window->findChildren<QWidget *>()) {
-        const bool isReached = (widget->focusPolicy() & Qt::TabFocus) != 0;
-        EXPECT_TRUE(!isReached || !widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
-    }
+    expectNames(*bob.window);
 }
 
 } // namespace

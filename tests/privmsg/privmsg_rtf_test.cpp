@@ -1,4 +1,4 @@
-#include "privmsg/privmsg_placement.h"
+#include "platform/on_screen.h"
 #include "privmsg/privmsg_rtf.h"
 #include "richtext/dump.h"
 #include "richtext/rtf_reader.h"
