@@ -95,7 +95,14 @@ void Program::loadSkin()
     }
     m_skin->setFinePictures(qGuiApp->devicePixelRatio() > 1 ? FinePictures::Read : FinePictures::Skip);
     m_skin->change();
+    m_loadedWindows.enter(*this);
     connect(qGuiApp, &QGuiApplication::screenAdded, this, &Program::suitScreens);
+}
+
+/// Until there is a window, nobody else takes a new skin.
+void Program::DoSkinChange()
+{
+    m_skin->change();
 }
 
 /// A finer screen than all before wants the finer pictures.
@@ -109,6 +116,7 @@ void Program::suitScreens()
 
 void Program::showRoom()
 {
+    m_loadedWindows.leave(*this);
     const QFont designed = QGuiApplication::font();
     m_savedSettings.load(chatColoursOf(m_skin->description()),
                          {designed.family(), designedFontSize, false, false, false});

@@ -24,7 +24,7 @@ class frmMain;
 
 /// The whole program: it makes each shared object once and hands it to those who need it. Windows are members
 /// of the program, so that the end of the program is the end of them all.
-class Program final : public QObject
+class Program final : public QObject, private Skinnable
 {
     Q_OBJECT
 
@@ -41,6 +41,8 @@ public:
     /// Null until Main() has shown it.
     [[nodiscard]] frmMain *window() const { return m_window.get(); }
     [[nodiscard]] const SharedState &state() const { return m_state; }
+    /// Null before Main(), and after it has failed.
+    [[nodiscard]] const frmComms *link() const { return m_link.get(); }
 
 Q_SIGNALS:
     /// The last window has gone.
@@ -50,6 +52,7 @@ private:
     [[nodiscard]] bool fail(const QString &caption, const QString &text);
     [[nodiscard]] bool retrieveDetails();
     void loadSkin();
+    void DoSkinChange() override;
     void suitScreens();
     void showRoom();
     [[nodiscard]] BannerSource bannerSource() const;

@@ -22,16 +22,31 @@ ProgramWindows::ProgramWindows(const WindowDress &dress, const Preferences &pref
 
 ProgramWindows::~ProgramWindows() = default;
 
-/// One at a time: an entry of the menu or an option may ask for it while another is open.
+/// One at a time: an entry of the menu or an option may ask for a dialog while another is open.
+bool ProgramWindows::raiseOpenDialog()
+{
+    for (const QPointer<TitledWindow> &dialog : {m_directory, m_options}) {
+        if (dialog != nullptr && !dialog->isHidden()) {
+            dialog->raise();
+            return true;
+        }
+    }
+    return false;
+}
+
+/// A directory that was closed while it waits for the messenger comes back, and the answer finds it there.
 void ProgramWindows::openDirectory()
 {
-    if (m_dialog != nullptr) {
-        m_dialog->raise();
+    if (raiseOpenDialog()) {
+        return;
+    }
+    if (m_directory != nullptr) {
+        m_directory->ShowModal();
         return;
     }
     const QPointer directory(
         new frmCategories(m_dress, m_chat.state, m_chat.link, m_room.lifecycle(), m_prompts, &m_room));
-    m_dialog = directory;
+    m_directory = directory;
     connect(directory, &TitledWindow::helpRequested, this, &ProgramWindows::helpRequested);
     directory->Browse();
     delete directory;
@@ -39,12 +54,11 @@ void ProgramWindows::openDirectory()
 
 void ProgramWindows::openOptions()
 {
-    if (m_dialog != nullptr) {
-        m_dialog->raise();
+    if (raiseOpenDialog()) {
         return;
     }
     const QPointer options(new frmOptions(m_dress, m_preferences, m_room.composeFont(), m_prompts, &m_room));
-    m_dialog = options;
+    m_options = options;
     connect(options, &TitledWindow::helpRequested, this, &ProgramWindows::helpRequested);
     connect(options, &frmOptions::optionsChanged, &m_room, &frmMain::takeOptions);
     options->ShowModal();
@@ -53,8 +67,10 @@ void ProgramWindows::openOptions()
 
 void ProgramWindows::unload()
 {
-    if (m_dialog != nullptr) {
-        m_dialog->close();
+    for (const QPointer<TitledWindow> &dialog : {m_directory, m_options}) {
+        if (dialog != nullptr) {
+            dialog->close();
+        }
     }
     m_privateWindows.UnloadAll();
 }

@@ -26,6 +26,7 @@ Q_SIGNALS:
     void addressActivated(const QUrl &address);
 
 private:
+    [[nodiscard]] bool raiseOpenDialog();
     void openDirectory();
     void openOptions();
 
@@ -35,5 +36,6 @@ private:
     Prompts &m_prompts;
     frmMain &m_room;
     PrivateWindows m_privateWindows;
-    QPointer<TitledWindow> m_dialog; ///< the room window is its parent
+    QPointer<TitledWindow> m_directory; ///< the room window is the parent of both
+    QPointer<TitledWindow> m_options;
 };

@@ -1,4 +1,5 @@
 #include "app/program.h"
+#include "platform/text_file.h"
 #include "room/frmMain.h"
 #include "support/fake_addresses.h"
 #include "support/fake_clock.h"
@@ -6,7 +7,13 @@
 #include "support/scripted_messenger.h"
 #include "support/text.h"
 
+#include <QApplication>
+#include <QDir>
+#include <QPointer>
+#include <QScreen>
 #include <QTemporaryDir>
+#include <QTimer>
+#include <QTreeView>
 
 namespace {
 
@@ -103,6 +110,87 @@ TEST_F(StartUp, DetailsOfAnotherNameLeaveTheUserUnknown)
     EXPECT_TRUE(chat->state().MyUserID.isEmpty());
     EXPECT_EQ(chat->state().MyStatus, 0);
     EXPECT_TRUE(chat->window()->isVisible());
+}
+
+TEST_F(StartUp, ASkinThatChangesWhileTheDetailsAreAwaitedIsWornWhole)
+{
+    const auto write = [this](const QString &name, const QString &back) {
+        const QString path = folder.filePath(name);
+        QDir(folder.path()).mkpath(name);
+        EXPECT_TRUE(writeTextFile(path + u"/skin.toml"_s, u"[Defaults]\nBackColour = \"%1\"\n"_s.arg(back)));
+        return QString(path + u"/skin.toml"_s);
+    };
+    const QString first = write(u"first"_s, u"#102030"_s);
+    const QString second = write(u"second"_s, u"#405060"_s);
+    messenger.answersStartUp = false;
+    messenger.answerBy([=](const QString &request) {
+        const QString answer = u"<MSG><V mk=\"{key}\"/>%1</MSG>"_s;
+        return request == u"<GETSKIN/>"
+                   ? QStringList{answer.arg(u"<SKIN value=\"%1\"/>"_s.arg(first))}
+                   : QStringList{u"<MSG><V mk=\"MSG\"/><SKINCHANGE value=\"%1\"/></MSG>"_s.arg(second),
+                                 answer.arg(u"<MYDETAILS id=\"u1\" nick=\"Ann\" s=\"11\" m=\"7\"/>"_s)};
+    });
+    const auto chat = program({portOfMessenger()});
+    ASSERT_TRUE(chat->Main());
+    EXPECT_EQ(chat->window()->palette().color(QPalette::Window), QColor(0x40, 0x50, 0x60));
+}
+
+QWidget *shown(const QString &name)
+{
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == name && window->isVisible()) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+TEST_F(StartUp, ADirectoryClosedWhileItWaitsComesBackForTheAnswer)
+{
+    messenger.answerBy([](const QString &request) {
+        return request == u"<GETPYLOXUSERS/>" ? QStringList{u"<MSG><V mk=\"{key}\"/><PYLOXUSERS/></MSG>"_s}
+                                              : QStringList();
+    });
+    const auto chat = program({portOfMessenger()});
+    ASSERT_TRUE(chat->Main());
+    const auto asked = [this] { return messenger.requests.count(u"<GETCATEGORIES/>"_s); };
+    const auto directory = [] { return shown(u"frmCategories"_s); };
+    const auto options = [] { return shown(u"frmOptions"_s); };
+    const auto rows = [&] { return directory()->findChild<QTreeView *>(u"tvCats"_s)->model()->rowCount(); };
+    QPointer<QWidget> first;
+
+    // Each dialog's loop runs inside the one before: a step is taken when its time has come.
+    const std::pair<std::function<bool()>, std::function<void()>> steps[] = {
+        {[&] { return messenger.requests.size() == 3; },
+         [&] { Q_EMIT chat->window()->directoryRequested(); }},
+        {[&] { return asked() == 1; }, [&] { (first = directory())->close(); }},
+        {[] { return true; },
+         [&] {
+             chat->window()->move(-500, 700); // a dialog over it would stand off the screen
+             Q_EMIT chat->window()->optionsRequested();
+         }},
+        {[&] { return options() != nullptr; },
+         [&] {
+             EXPECT_TRUE(options()->screen()->availableGeometry().contains(options()->geometry()));
+             options()->close();
+         }},
+        {[&] { return options() == nullptr; }, [&] { Q_EMIT chat->window()->directoryRequested(); }},
+        {[&] { return directory() != nullptr; },
+         [&] { messenger.send(u"<CTL><C g=\"1\" nm=\"Lounge\"/></CTL>"_s, messenger.lastKey); }},
+        {[&] { return directory() != nullptr && rows() == 1; }, [] {}},
+        {[&] { return directory() == first; }, [&] { first->close(); }},
+    };
+    std::size_t done = 0;
+    QTimer clockwork;
+    QObject::connect(&clockwork, &QTimer::timeout, [&] {
+        if (done < std::size(steps) && steps[done].first()) {
+            QMetaObject::invokeMethod(&clockwork, steps[done++].second, Qt::QueuedConnection);
+        }
+    });
+    clockwork.start(20);
+    QTimer::singleShot(5000, &clockwork, [&] { clock.advance(31'000); }); // a step that never comes
+    EXPECT_TRUE(eventually([&] { return done == std::size(steps) && first == nullptr; }));
+    EXPECT_EQ(asked(), 1);
 }
 
 } // namespace
