@@ -115,6 +115,10 @@ Messenger::Messenger(const MessengerOptions &options, QObject *parent) : QObject
     m_engine->guestTimer.setTimerType(Qt::PreciseTimer);
     connect(&m_engine->guestTimer, &QTimer::timeout, this, &Messenger::moveGuests);
     connect(&m_engine->listener, &TcpListener::arrived, this, &Messenger::acceptClients);
+    connect(&m_engine->listener, &TcpListener::paused, this, [](const QString &reason) {
+        const QString line = u"pylox-messenger: no further client for now: " % reason % u'\n';
+        std::fputs(line.toLocal8Bit().constData(), stderr);
+    });
 }
 
 Messenger::~Messenger() = default;
