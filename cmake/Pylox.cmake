@@ -4,8 +4,7 @@ add_library(pylox_options INTERFACE)
 target_compile_definitions(
   pylox_options
   INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
-            QT_USE_QSTRINGBUILDER
-            PYLOX_VERSION="${PROJECT_VERSION}")
+            QT_USE_QSTRINGBUILDER)
 target_compile_options(pylox_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 
 option(PYLOX_WERROR "Treat warnings as errors" OFF)

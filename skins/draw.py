@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Draws the pictures of both skins as SVG: draw.py writes light/svg and dark/svg beside itself.
+"""Draws the pictures of both skins and the program's icon as SVG: draw.py writes light/svg and dark/svg beside
+itself, and the icon into share/icons.
 
 Everything is laid out in pixels at 100 %: edges on whole numbers, one-pixel strokes on halves.
 Light ("Birch") is paper, round corners and leaf green; its icons are outlines with a pale fill.
@@ -14,6 +15,7 @@ sys.dont_write_bytecode = True
 from controls import *
 from faces import *
 from icons import *
+from program_icon import program_icon
 from shapes import *
 
 HERE = os.path.dirname(os.path.abspath(__file__))
@@ -83,19 +85,19 @@ def dark_skin():
     return skin(False, pieces, cut_system, cut_button, {"c": 5}, "miter", "cut", cut_tab, Solid, dark_emoticon)
 
 
-def write(name, pictures):
-    folder = os.path.join(HERE, name, "svg")
+def write(folder, pictures):
     shutil.rmtree(folder, ignore_errors=True)
     os.makedirs(folder)
     for picture, text in pictures.items():
         with open(os.path.join(folder, picture + ".svg"), "w", encoding="utf-8", newline="\n") as out:
             out.write(text)
-    print(f"{name}: {len(pictures)} pictures")
+    print(f"{os.path.relpath(folder)}: {len(pictures)} pictures")
 
 
 def main():
-    write("light", light_skin())
-    write("dark", dark_skin())
+    write(os.path.join(HERE, "light", "svg"), light_skin())
+    write(os.path.join(HERE, "dark", "svg"), dark_skin())
+    write(os.path.join(HERE, "..", "share", "icons"), program_icon())
 
 
 if __name__ == "__main__":

@@ -5,11 +5,49 @@
 #include "platform/message_boxes.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileInfo>
+#include <QIcon>
 
 #include <iostream>
+#include <string_view>
 
 namespace {
+
+constexpr char usage[] = R"(Usage: PyloxChat [-portN~] [-cidN [-cnmNAME~]] [-showcat]
+       PyloxChat --skin-gallery SKIN
+The chat-room client. It connects to the messenger on this machine.
+
+  -portN~              the messenger's port, instead of the one in Pylox.ini
+  -cidN                ask to join the room with this number
+  -cnmNAME~            the name of that room
+  -showcat             open the room directory
+  --skin-gallery SKIN  show everything that a skin brings; needs no messenger
+  --help               print this and end
+  --version            print the version and end
+)";
+
+/// What is printed for a command line that needs no display; empty for any other.
+std::string_view printedFor(int argc, char *argv[])
+{
+    const std::string_view argument = argc == 2 ? argv[1] : "";
+    if (argument == "--help") {
+        return usage;
+    }
+    return argument == "--version" ? "PyloxChat " PYLOX_VERSION "\n" : "";
+}
+
+/// The menu entry's picture, for desktops that do not look it up, and for a program that is not installed.
+QIcon programIcon()
+{
+    QIcon icon;
+    const QDir sizes(QString(QApplication::applicationDirPath() % u"/../share/icons/hicolor"));
+    for (const int size : {16, 24, 32, 48, 64, 128}) {
+        const QString side = QString::number(size);
+        icon.addFile(sizes.filePath(side % u'x' % side % u"/apps/pylox-chat.png"), QSize(size, size));
+    }
+    return icon;
+}
 
 /// Shows one skin, for its author; no messenger is needed.
 int showSkinGallery(const QString &file)
@@ -43,9 +81,15 @@ int showSkinGallery(const QString &file)
 
 int main(int argc, char *argv[])
 {
+    if (const std::string_view text = printedFor(argc, argv); !text.empty()) {
+        std::cout << text;
+        return 0;
+    }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("PyloxChat"));
     QApplication::setApplicationVersion(QStringLiteral(PYLOX_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("pylox-chat"));
+    QApplication::setWindowIcon(programIcon());
     QApplication::setQuitOnLastWindowClosed(false); // the program says itself when it has ended
 
     const QStringList arguments = QApplication::arguments().sliced(1);

@@ -1,47 +1,17 @@
 #pragma once
 
 #include "platform/skin_archive.h"
+#include "support/files.h"
+#include "support/pictures.h"
 #include "support/text.h"
 #include "tools/skin/commands.h"
 #include "tools/skin/skin_packing.h"
 #include "tools/skin/skin_template.h"
 
-#include <QBuffer>
-#include <QFile>
-#include <QImage>
 #include <QTemporaryDir>
 
 #include <functional>
 #include <sstream>
-
-inline QByteArray encoded(const QImage &image, const char *format = "png")
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, format);
-    return bytes;
-}
-
-inline QByteArray plain(QSize size, QRgb colour = 0xFFFFFFFF, const char *format = "png")
-{
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(colour);
-    return encoded(image, format);
-}
-
-inline QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
-
-inline void write(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-    file.write(bytes);
-}
 
 /// The files of the skin that "new" writes, to be spoilt and written as a folder or an archive.
 class AuthoredFiles
@@ -95,6 +65,28 @@ private:
 
     std::vector<SkinContent> m_files;
 };
+
+/// What is done to the files before they are written.
+using Spoiling = std::function<void(AuthoredFiles &)>;
+
+/// The line of skin.toml with this key becomes this.
+inline Spoiling lineTo(const QByteArray &line)
+{
+    return [=](AuthoredFiles &files) { files.replaceLine(line.first(line.indexOf(" = ")), line); };
+}
+/// This line stands first in the section of the menu.
+inline Spoiling inMenu(const QByteArray &line)
+{
+    return [=](AuthoredFiles &files) { files.replace("\n[Menu]\n", "\n[Menu]\n" + line + '\n'); };
+}
+inline Spoiling drawn(const QString &name, const QByteArray &bytes)
+{
+    return [=](AuthoredFiles &files) { files.draw(name, bytes); };
+}
+inline Spoiling drawn(const QString &name, int width, int height, QRgb colour = 0xFFFFFFFF)
+{
+    return [=](AuthoredFiles &files) { files.draw(name, encoded(plain(QSize(width, height), colour))); };
+}
 
 /// What a command says and how it ends.
 struct Outcome

@@ -1,5 +1,4 @@
 #include "core/clsMyApp.h"
-#include "platform/skin_error.h"
 #include "skin/skin_in_use.h"
 #include "tools/authored_files.h"
 #include "tools/skin/key_notes.h"
@@ -63,8 +62,8 @@ TEST_F(SkinTool, PackingTakesWhatIsNamedAndUnpackingGivesItBack)
     files.replaceLine("\"Over Button\"", "\"Over Button\" = 'pictures\\default-button\\.\\over-button.png'");
     files.writeFolder(path(u"a"_s));
     const auto before = filesIn(path(u"a"_s));
-    write(path(u"a/drawing.xcf"_s), "not named");
-    write(path(u"a/pictures/old.png"_s), "not named");
+    writeFile(path(u"a/drawing.xcf"_s), "not named");
+    writeFile(path(u"a/pictures/old.png"_s), "not named");
 
     ASSERT_EQ(run({u"pack"_s, path(u"a"_s), path(u"a.skn"_s)}).code, 0);
     ASSERT_EQ(run({u"unpack"_s, path(u"a.skn"_s), path(u"b/c"_s)}).code, 0);
@@ -82,28 +81,20 @@ TEST_F(SkinTool, PackingTakesWhatIsNamedAndUnpackingGivesItBack)
 
 TEST_F(SkinTool, WhatCouldNotBeOpenedAgainIsNotPacked)
 {
-    const struct
-    {
-        std::function<void(AuthoredFiles &)> spoil;
-        QString reason;
-    } cases[] = {
+    const std::pair<Spoiling, QString> cases[] = {
         {[](AuthoredFiles &f) { f.toml() += "]"; }, u"skin.toml:"_s},
-        {[](AuthoredFiles &f) { f.replaceLine("BackGround", "BackGround = '../../etc/passwd'"); },
-         u"leads out"_s},
-        {[](AuthoredFiles &f) { f.replaceLine("BackGround", "BackGround = '/etc/passwd'"); }, u"absolute"_s},
-        {[](AuthoredFiles &f) {
-             f.draw(u"menu/back-ground"_s, plain({4097, 1}));
-         },
-         u"larger than 4096"_s},
+        {lineTo("BackGround = '../../etc/passwd'"), u"leads out"_s},
+        {lineTo("BackGround = '/etc/passwd'"), u"absolute"_s},
+        {drawn(u"menu/back-ground"_s, 4097, 1), u"larger than 4096"_s},
         {[](AuthoredFiles &f) {
              f.replaceLine("BackGround", "BackGround = 'A.png'");
              f.replaceLine("Password", "Password = 'a.png'");
-             f.file(u"A.png"_s) = f.file(u"a.png"_s) = plain({1, 1});
+             f.file(u"A.png"_s) = f.file(u"a.png"_s) = encoded(plain({1, 1}, 0));
          },
          u"a.png: the name is there twice"_s},
         {[](AuthoredFiles &f) { f.remove(u"skin.toml"_s); }, u"no skin.toml"_s},
     };
-    write(path(u"a.skn"_s), "as it was");
+    writeFile(path(u"a.skn"_s), "as it was");
     for (const auto &[spoil, reason] : cases) {
         AuthoredFiles files;
         spoil(files);
@@ -124,7 +115,7 @@ TEST_F(SkinTool, FoldersAreWrittenAsAWholeOrLeftAlone)
 {
     const QByteArray good = AuthoredFiles().archive();
     const auto archive = [&](const QString &name, const QByteArray &bytes) {
-        write(path(name), bytes);
+        writeFile(path(name), bytes);
         return path(name);
     };
     const QString whole = archive(u"a.skn"_s, good);
@@ -143,8 +134,8 @@ TEST_F(SkinTool, FoldersAreWrittenAsAWholeOrLeftAlone)
         EXPECT_TRUE(filesIn(path(u"folder"_s)).isEmpty()) << file.toStdString();
     }
     ASSERT_TRUE(QDir().mkpath(path(u"full"_s)));
-    write(path(u"full/.mine"_s), "mine");
-    write(path(u"file"_s), "mine");
+    writeFile(path(u"full/.mine"_s), "mine");
+    writeFile(path(u"file"_s), "mine");
     for (const QString &folder : {path(u"full"_s), path(u"file"_s), path(u"file/below"_s)}) {
         EXPECT_EQ(run({u"new"_s, folder}).code, 1) << folder.toStdString();
         EXPECT_EQ(run({u"unpack"_s, whole, folder}).code, 1) << folder.toStdString();
@@ -217,12 +208,12 @@ TEST_F(SkinTool, TheReferenceIsInTheDocumentation)
     EXPECT_TRUE(QString::fromUtf8(document) == withKeyReference(QString::fromUtf8(document)))
         << "bring it up to date: pylox-skin keys docs/skin-format.md";
 
-    write(path(u"a.md"_s), "before\n<!-- keys -->\nold\n<!-- end of keys -->\nafter\n");
+    writeFile(path(u"a.md"_s), "before\n<!-- keys -->\nold\n<!-- end of keys -->\nafter\n");
     ASSERT_EQ(run({u"keys"_s, path(u"a.md"_s)}).code, 0);
     EXPECT_EQ(
         QString::fromUtf8(contentOf(path(u"a.md"_s))),
         QString(u"before\n<!-- keys -->\n\n"_s + run({u"keys"_s}).out + u"\n<!-- end of keys -->\nafter\n"));
-    write(path(u"b.md"_s), "no place");
+    writeFile(path(u"b.md"_s), "no place");
     EXPECT_EQ(run({u"keys"_s, path(u"b.md"_s)}).code, 1);
     EXPECT_EQ(contentOf(path(u"b.md"_s)), "no place");
 }

@@ -2,13 +2,12 @@
 
 #include "platform/skin_error.h"
 #include "platform/text_file.h"
+#include "platform/whole_file.h"
 #include "tools/skin/preview.h"
 #include "tools/skin/skin_check.h"
 #include "tools/skin/skin_packing.h"
 #include "tools/skin/skin_reference.h"
 #include "tools/skin/skin_template.h"
-
-#include <QSaveFile>
 
 #include <algorithm>
 #include <ostream>
@@ -101,12 +100,12 @@ ExitCode keys(const QStringList &operands, const Streams &streams)
         streams.out << keyReference().toStdString();
         return ExitCode::Good;
     }
-    const QString document = withKeyReference(readTextFile(operands[0]).value_or(QString()));
+    const QByteArray document = withKeyReference(readTextFile(operands[0]).value_or(QString())).toUtf8();
     QSaveFile file(operands[0]);
     if (document.isEmpty()) {
         throw SkinError(operands[0], {}, QStringLiteral("there is no document with a place for the keys"));
     }
-    if (!file.open(QIODevice::WriteOnly) || file.write(document.toUtf8()) < 0 || !file.commit()) {
+    if (!file.open(QIODevice::WriteOnly) || file.write(document) != document.size() || !commitWhole(file)) {
         throw SkinError(operands[0], {}, file.errorString());
     }
     return ExitCode::Good;

@@ -3,11 +3,11 @@
 #include "app/skin_gallery.h"
 #include "core/clsMyApp.h"
 #include "platform/skin_error.h"
+#include "platform/whole_file.h"
 #include "skin/skin_in_use.h"
 
 #include <QFileInfo>
 #include <QImage>
-#include <QSaveFile>
 
 #include <ostream>
 
@@ -26,7 +26,7 @@ void writePreview(const QString &skin, const QString &file, std::ostream &notes)
     }
     QSaveFile picture(file);
     if (!picture.open(QIODevice::WriteOnly) || !skinPreview(inUse).save(&picture, "png") ||
-        !picture.commit()) {
+        !commitWhole(picture)) {
         throw SkinError(file, {}, QString(u"cannot be written: " % picture.errorString()));
     }
 }
