@@ -49,7 +49,7 @@ class Desktop:
         if self.accessible:
             self.set_up_buses()
         self.log = Path(self.home.name) / "messenger.log"
-        messenger = [self.programs / "pylox-messenger", "--home", self.home.name, "--verbose", *self.messenger_options]
+        messenger = [self.programs / "pylox-messenger", "--verbose", *self.messenger_options]
         self.messenger = self.start(messenger, self.log, stdin=subprocess.PIPE)
         wait_for("the messenger listens", lambda: "listening on" in self.said())
 

@@ -41,10 +41,10 @@ def geometry(desktop, window):
 
 def drag(desktop, start, way):
     # Without waiting for the pointer: xdotool would wait in vain for one that is there already.
-    desktop.tool("xdotool", "mousemove", *map(str, start), "sleep", "0.1", "mousedown", "1")
+    desktop.tool("xdotool", "mousemove", *map(str, start), "sleep", "0.2", "mousedown", "1", "sleep", "0.2")
     for part in (0.05, 0.5, 1):
         place = [str(round(a + part * b)) for a, b in zip(start, way)]
-        desktop.tool("xdotool", "mousemove", "--sync", *place, "sleep", "0.1")
+        desktop.tool("xdotool", "mousemove", "--sync", *place, "sleep", "0.2")
     desktop.tool("xdotool", "mouseup", "1")
 
 

@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""An evening with every window, by the keyboard alone: two people, looked at over the accessibility bus.
+"""An evening with every window, by the keyboard alone: two people, looked at over the accessibility bus. And first
+one who finds no messenger.
 
 whole_evening.py BIN: the folder of the programs.
 """
@@ -119,6 +120,14 @@ class Person:
         """From a menu that has just been opened; menus are not in the tree, so there is nothing to wait for."""
         time.sleep(0.5)
         self.press(*["Down"] * entry, "Return")
+
+
+def without_a_messenger(desktop):
+    process, window = desktop.client("-port1~")
+    assert desktop.tool("xdotool", "getwindowname", window).startswith("Messenger not found")
+    desktop.tool("xdotool", "windowactivate", "--sync", window, "key", "Return")
+    wait_for("the program ends", lambda: process.poll() is not None)
+    assert process.returncode == 1, process.returncode
 
 
 def opens_a_room(robin):
@@ -283,10 +292,11 @@ def saves_and_drops(desktop, robin, sasha):
     wait_for("nobody but the owner is left", lambda: not robin.look("Sasha", robin.room))
 
 
-def goes(person, title):
+def goes(person, title, key):
+    """By Exit, or by what the window manager closes windows with."""
     person.turn_to(title)
-    person.press("alt+x")
-    wait_for("Exit ends the program", lambda: person.process.poll() is not None)
+    person.press(key)
+    wait_for(f"{key} ends the program", lambda: person.process.poll() is not None)
     assert person.process.returncode == 0, person.process.returncode
 
 
@@ -303,11 +313,12 @@ def finds_it_as_it_was(desktop, reader):
     robin.press("Escape")
     robin.turn_to("Chat Options")
     robin.press("Escape")
-    goes(robin, "Pylox Chat")
+    goes(robin, "Pylox Chat", "alt+x")
 
 
 def main():
     with Desktop(sys.argv[1], accessible=True, screen_folder=True, messenger_options=["--skin", "Light"]) as desktop:
+        without_a_messenger(desktop)
         reader = Reader(desktop)
         robin = Person(desktop, reader, "-showcat")
         opens_a_room(robin)
@@ -318,8 +329,9 @@ def main():
         ignores_somebody(robin, sasha)
         changes_the_skin(desktop, robin)
         saves_and_drops(desktop, robin, sasha)
-        goes(sasha, "Pylox Chat")
-        goes(robin, "Evening$")
+        goes(sasha, "Pylox Chat", "alt+F4")
+        goes(robin, "Evening$", "alt+x")
+        assert '<DESTROYCHANNEL' in desktop.said(), "a room is closed with its owner"
         finds_it_as_it_was(desktop, reader)
     print("an evening by the keyboard: every window was opened, and everything was kept")
 
