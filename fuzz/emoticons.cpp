@@ -2,31 +2,14 @@
 // code twice.
 
 #include "emotions/clsEmoticons.h"
-#include "platform/code_page.h"
+#include "fuzzing.h"
+#include "user_file.h"
 
 #include <QHash>
 #include <QLocale>
 #include <QSet>
-#include <QStringConverter>
-
-#include <cstdlib>
 
 namespace {
-
-void require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
-}
-
-/// As text files are read: UTF-8, and windows-1252 for what is not.
-QString decode(QByteArrayView bytes)
-{
-    QStringDecoder utf8(QStringConverter::Utf8);
-    QString text = utf8.decode(bytes);
-    return utf8.hasError() ? CodePage().decode(bytes) : text;
-}
 
 void checkRows(const clsEmoticons &table)
 {
@@ -58,7 +41,7 @@ void checkLine(const clsEmoticons &table, QStringView line)
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t size)
 {
-    const QString text = decode({reinterpret_cast<const char *>(data), static_cast<qsizetype>(size)});
+    const QString text = userFile(Input(data, size).rest());
     const clsEmoticons table(text);
     checkRows(table);
     for (const QStringView line : QStringView(text).split(u'\n')) {

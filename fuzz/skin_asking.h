@@ -1,11 +1,10 @@
 #pragma once
 
+#include "fuzzing.h"
 #include "platform/skin_storage.h"
 #include "platform/skin_toml.h"
 
 #include <QLoggingCategory>
-
-#include <cstdlib>
 
 /// Decoders tell the log of every damaged picture; that would be most of the time.
 inline void silenceLog()
@@ -14,24 +13,17 @@ inline void silenceLog()
     (void)once;
 }
 
-inline void expect(bool isTrue)
-{
-    if (!isTrue) {
-        std::abort();
-    }
-}
-
 /// What the storage hands out is what it promises.
 inline void checkValue(const SkinValue &value, SkinType type)
 {
     constexpr ColourValue none = 0xEFFFFFFF;
     if (const auto *colour = std::get_if<ColourValue>(&value)) {
-        expect(type == SkinType::Colour && (*colour <= 0xFFFFFF || *colour == none));
+        require(type == SkinType::Colour && (*colour <= 0xFFFFFF || *colour == none));
     } else if (const auto *font = std::get_if<QFont>(&value)) {
-        expect(font->pointSizeF() >= 1 && font->pointSizeF() <= 200);
+        require(font->pointSizeF() >= 1 && font->pointSizeF() <= 200);
     } else if (const auto *picture = std::get_if<SkinPicture>(&value)) {
-        expect(picture->image.format() == QImage::Format_ARGB32_Premultiplied);
-        expect(picture->image2x.isNull() || picture->image2x.size() == 2 * picture->image.size());
+        require(picture->image.format() == QImage::Format_ARGB32_Premultiplied);
+        require(picture->image2x.isNull() || picture->image2x.size() == 2 * picture->image.size());
     }
 }
 
@@ -52,6 +44,6 @@ inline void askEverything(const QByteArray &archive)
             }
         }
     } catch (const SkinError &error) {
-        expect(!error.reason().isEmpty() && storage.tables().sections.isEmpty());
+        require(!error.reason().isEmpty() && storage.tables().sections.isEmpty());
     }
 }
