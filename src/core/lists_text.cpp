@@ -79,7 +79,7 @@ QStringList readLists(QStringView text, UserLists &lists)
         }
         const QStringView rest = line.sliced(qMin(idColumn, line.size()));
         const QString id = rest.first(qMin(idLength, rest.size())).trimmed().toString();
-        if (!id.isEmpty() && !IsInList(*list, id)) {
+        if (!id.isEmpty() && !known.contains(keyOf(code, id))) {
             known.insert(keyOf(code, id));
             list->append({id, line.sliced(qMin(nameColumn, line.size())).toString()});
         }
