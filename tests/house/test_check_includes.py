@@ -7,7 +7,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-CHECK = Path(__file__).with_name("check_includes.py")
+CHECK = Path(__file__).resolve().parents[2] / "tools/house/check_includes.py"
 
 
 def check(folder, line):
