@@ -99,7 +99,7 @@ QString MessageBoxes::ShowSave(const QString &title, const QString &proposedName
     dialog->selectFile(proposedName);
     CentreDialog(*dialog);
     while (dialog.isAccepted()) {
-        const QString file = dialog->selectedFiles().value(0);
+        QString file = dialog->selectedFiles().value(0);
         const QString folder = QFileInfo(file).absolutePath();
         if (QFileInfo(folder).isDir()) {
             return file;
