@@ -8,11 +8,11 @@
 #include "platform/text_file.h"
 #include "room/saved_settings.h"
 #include "skin/skin_in_use.h"
+#include "support/files.h"
 #include "support/room_fixture.h"
 
 #include <QDir>
 
-#include <atomic>
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -27,8 +27,7 @@ class Unprivileged
 public:
     Unprivileged() { EXPECT_TRUE(!m_isSuperuser || setresuid(nobody, nobody, 0) == 0); }
     ~Unprivileged() { EXPECT_TRUE(!m_isSuperuser || setresuid(0, 0, 0) == 0); }
-    Unprivileged(const Unprivileged &) = delete;
-    Unprivileged &operator=(const Unprivileged &) = delete;
+    Q_DISABLE_COPY(Unprivileged)
 
 private:
     static constexpr uid_t nobody = 65534;
@@ -36,24 +35,17 @@ private:
 };
 
 /// No file may grow beyond so many bytes: the next best thing to a full disk.
-void limitFiles(rlim_t bytes)
+bool limitFiles(rlim_t bytes)
 {
     rlimit limit{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const bool isKnown = getrlimit(RLIMIT_FSIZE, &limit) == 0;
     limit.rlim_cur = std::min(bytes, limit.rlim_max);
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    return isKnown && setrlimit(RLIMIT_FSIZE, &limit) == 0;
 }
 
-void put(const QString &path, const QByteArray &bytes)
+bool setMode(const QString &path, mode_t mode)
 {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-QByteArray local(const QString &path)
-{
-    return QFile::encodeName(path);
+    return chmod(qPrintable(path), mode) == 0;
 }
 
 /// One of the files in the application folder. In a good one the program reads "5", of one that it cannot
@@ -64,8 +56,8 @@ struct FileKind
     QString file;
     QByteArray good;
     std::function<QString(const clsMyApp &)> read;
-    std::function<bool(const clsMyApp &)> write; ///< none for what is only read
-    bool isReadFirst = true;                     ///< before it is written
+    std::function<bool(const clsMyApp &)> write = {}; ///< none for what is only read
+    bool isReadFirst = true;                          ///< before it is written
 };
 
 void PrintTo(const FileKind &kind, std::ostream *out)
@@ -73,14 +65,19 @@ void PrintTo(const FileKind &kind, std::ostream *out)
     *out << kind.name;
 }
 
-template <typename Use>
-auto withSettings(const clsMyApp &app, Use use)
+struct Saved
 {
+    explicit Saved(const clsMyApp &app) : file(app, options, lists) { file.load({}, {u"Sans"_s}); }
+
     Options options;
     UserLists lists;
-    SavedSettings saved(app, options, lists);
-    saved.load({}, {u"Sans"_s});
-    return use(options, lists, saved);
+    SavedSettings file;
+};
+
+/// "5" or "77", or nothing when it is neither.
+QString which(bool isFive, bool isSeventySeven)
+{
+    return isSeventySeven ? u"77"_s : isFive ? u"5"_s : QString();
 }
 
 bool saveSession(const clsMyApp &app)
@@ -114,30 +111,23 @@ QString backColourOf(const SkinInUse &skin)
 const FileKind kinds[] = {
     {"Options", u"Blue ChatOpt.dat"_s, "HIGHLIGHT    5\r\n",
      [](const clsMyApp &app) {
-         return withSettings(app, [](const Options &options, auto &, auto &) {
-             const bool isKnown = options.HIGHLIGHT == 5 || options.HIGHLIGHT == 77;
-             return isKnown ? QString::number(options.HIGHLIGHT) : QString();
-         });
+         const Saved saved(app);
+         return which(saved.options.HIGHLIGHT == 5, saved.options.HIGHLIGHT == 77);
      },
      [](const clsMyApp &app) {
-         return withSettings(app, [](Options &options, auto &, SavedSettings &saved) {
-             options.HIGHLIGHT = 77;
-             return saved.SaveOptions({});
-         });
+         Saved saved(app);
+         saved.options.HIGHLIGHT = 77;
+         return saved.file.SaveOptions({});
      }},
     {"Lists", u"ChatList.dat"_s, "I-5          Five\r\n",
      [](const clsMyApp &app) {
-         return withSettings(app, [](auto &, const UserLists &lists, auto &) {
-             return IsInList(lists.IgnoreList, u"77"_s)  ? u"77"_s
-                    : IsInList(lists.IgnoreList, u"5"_s) ? u"5"_s
-                                                         : QString();
-         });
+         const Saved saved(app);
+         return which(IsInList(saved.lists.IgnoreList, u"5"_s), IsInList(saved.lists.IgnoreList, u"77"_s));
      },
      [](const clsMyApp &app) {
-         return withSettings(app, [](auto &, UserLists &lists, SavedSettings &saved) {
-             AddToList(lists, u'I', u"77"_s, u"Seventy-seven"_s);
-             return saved.SaveLists();
-         });
+         Saved saved(app);
+         AddToList(saved.lists, u'I', u"77"_s, u"Seventy-seven"_s);
+         return saved.file.SaveLists();
      }},
     {"Settings", u"Pylox.ini"_s, "[Chat]\nPort=5\n",
      [](const clsMyApp &app) { return settingsOf(app).ReadValue(u"Port"_s, {}, u"Chat"_s); },
@@ -145,123 +135,71 @@ const FileKind kinds[] = {
     {"Session", u"evening.rtf"_s, "{\\rtf1 5}",
      [](const clsMyApp &app) {
          const QString text = readTextFile(app.Path() + u"evening.rtf").value_or(QString());
-         return text.contains(u"77"_s) ? u"77"_s : text.contains(u" 5}"_s) ? u"5"_s : QString();
+         return which(text.contains(u" 5}"_s), text.contains(u"77"_s));
      },
      saveSession, false},
-    {"Registry",
-     u"Registry.reg"_s,
-     "[HKEY_CURRENT_USER\\A]\n\"b\"=\"5\"\n",
+    {"Registry", u"Registry.reg"_s, "[HKEY_CURRENT_USER\\A]\n\"b\"=\"5\"\n",
      [](const clsMyApp &app) {
          clsRegistry registry(app.Path() + u"Registry.reg");
          registry.SectionKey = u"A"_s;
          registry.ValueKey = u"b"_s;
          return registry.Value().toString();
-     },
-     {}},
-    {"Emoticons",
-     u"Emoticon.dat"_s,
-     ":five\n5\n",
-     [](const clsMyApp &app) { return EmoticonFile(app.Path()).table().CheckEmotion(u":five"); },
-     {}},
-    {"Emotions",
-     u"emotions.dat"_s,
-     "5\nx\ny\n",
+     }},
+    {"Emoticons", u"Emoticon.dat"_s, ":five\n5\n",
+     [](const clsMyApp &app) { return EmoticonFile(app.Path()).table().CheckEmotion(u":five"); }},
+    {"Emotions", u"emotions.dat"_s, "5\nx\ny\n",
      [](const clsMyApp &app) {
          colEmotions emotions;
          LoadEmotions(emotions, app.Path());
          return emotions.Count() == 0 ? QString() : emotions.Item(1)->Emotion;
-     },
-     {}},
-    {"Skin",
-     u"Blue.skn"_s,
-     skinArchive({{u"skin.toml"_s, "[Defaults]\nBackColour = 5\n"}}),
+     }},
+    {"Skin", u"Blue.skn"_s, skinArchive({{u"skin.toml"_s, "[Defaults]\nBackColour = 5\n"}}),
      [](const clsMyApp &app) {
          SkinInUse skin(app, WindowFrame::Skin, [](const QString &) {});
          skin.change();
          return backColourOf(skin);
-     },
-     {}},
+     }},
 };
 
-enum class Written
-{
-    No,
-    ByThoseWhoNeedNotReadIt,
-    Yes,
-};
-
-/// What is wrong with a file, and how the program ends then.
+/// What is wrong with a file, and what the program can do all the same: read, write, or replace it unread.
 struct Fault
 {
     const char *name;
-    std::function<void(const QString &path, const QByteArray &good)> plant;
-    bool isRead;
-    Written isWritten;
+    QByteArray can;
+    std::function<bool(const QString &path)> plant; ///< where there is a good file
 };
 
 constexpr qint64 large = qint64{100} << 20; // bytes
 
 const Fault faults[] = {
-    {"None", put, true, Written::Yes},
-    {"Missing", [](const QString &, const QByteArray &) {}, false, Written::Yes},
-    {"Empty", [](const QString &path, const QByteArray &) { put(path, {}); }, false, Written::Yes},
-    {"Garbage",
-     [](const QString &path, const QByteArray &) {
-         put(path, QByteArray("\x01[\xFF=\"\0{", 7).repeated(99));
-     },
-     false, Written::Yes},
-    {"TooLarge",
-     [](const QString &path, const QByteArray &good) {
-         put(path, good);
-         ASSERT_TRUE(QFile::resize(path, large));
-     },
-     false, Written::ByThoseWhoNeedNotReadIt},
-    {"Folder", [](const QString &path, const QByteArray &) { QDir().mkdir(path); }, false, Written::No},
-    {"Pipe",
-     [](const QString &path, const QByteArray &) { ASSERT_EQ(mkfifo(local(path).constData(), 0600), 0); },
-     false, Written::ByThoseWhoNeedNotReadIt},
-    {"Link",
-     [](const QString &path, const QByteArray &good) {
-         put(path + u".real", good);
-         ASSERT_TRUE(QFile::link(path + u".real", path));
-     },
-     true, Written::Yes},
-    {"LinkToNothing",
-     [](const QString &path, const QByteArray &) { ASSERT_TRUE(QFile::link(path + u".real", path)); }, false,
-     Written::Yes},
-    {"LinkToItself", [](const QString &path, const QByteArray &) { ASSERT_TRUE(QFile::link(path, path)); },
-     false, Written::Yes},
-    {"Unreadable",
-     [](const QString &path, const QByteArray &good) {
-         put(path, good);
-         ASSERT_EQ(chmod(local(path).constData(), 0), 0);
-     },
-     false, Written::No},
-    {"ReadOnly",
-     [](const QString &path, const QByteArray &good) {
-         put(path, good);
-         ASSERT_EQ(chmod(local(path).constData(), 0400), 0);
-     },
-     true, Written::No},
-    {"ReadOnlyFolder",
-     [](const QString &path, const QByteArray &good) {
-         put(path, good);
-         ASSERT_EQ(chmod(local(QFileInfo(path).path()).constData(), 0500), 0);
-     },
-     true, Written::No},
-    {"FullDisk",
-     [](const QString &path, const QByteArray &good) {
-         put(path, good);
-         limitFiles(8);
-     },
-     true, Written::No},
+    {"None", "read write", [](auto &) { return true; }},
+    {"Missing", "write", [](auto &path) { return QFile::remove(path); }},
+    {"Empty", "write", [](auto &path) { return QFile::resize(path, 0); }},
+    {"Garbage", "write",
+     [](auto &path) {
+         writeFile(path, QByteArray("\x01[\xFF=\"\0{", 7).repeated(99));
+         return true;
+     }},
+    {"TooLarge", "replace", [](auto &path) { return QFile::resize(path, large); }},
+    {"Folder", "", [](auto &path) { return QFile::remove(path) && QDir().mkdir(path); }},
+    {"Pipe", "replace",
+     [](auto &path) { return QFile::remove(path) && mkfifo(qPrintable(path), 0600) == 0; }},
+    {"Link", "read write",
+     [](auto &path) { return QFile::rename(path, path + u".real") && QFile::link(path + u".real", path); }},
+    {"LinkToNothing", "write",
+     [](auto &path) { return QFile::remove(path) && QFile::link(path + u".real", path); }},
+    {"LinkToItself", "write", [](auto &path) { return QFile::remove(path) && QFile::link(path, path); }},
+    {"Unreadable", "", [](auto &path) { return setMode(path, 0); }},
+    {"ReadOnly", "read", [](auto &path) { return setMode(path, 0400); }},
+    {"ReadOnlyFolder", "read", [](auto &path) { return setMode(QFileInfo(path).path(), 0500); }},
+    {"FullDisk", "read", [](auto &) { return limitFiles(8); }},
 };
 
 /// The file itself, links not followed.
 std::tuple<ino_t, mode_t, off_t, time_t, long> stampOf(const QString &path)
 {
     struct stat status = {};
-    lstat(local(path).constData(), &status);
+    lstat(qPrintable(path), &status);
     return {status.st_ino, status.st_mode, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
 }
 
@@ -279,53 +217,39 @@ TEST_P(DiskFaults, TheOldFileStaysOrTheNewOneIsWhole)
         clsMyApp app(folder.path());
         app.Skin = app.Path() + u"Blue.skn";
         const QString path = app.Path() + kind.file;
-        fault.plant(path, kind.good);
+        writeFile(path, kind.good);
+        ASSERT_TRUE(fault.plant(path));
+        const auto entries = [&] { return QDir(folder.path()).entryList(QDir::AllEntries | QDir::System); };
+        const QStringList known = entries() + QStringList{kind.file, kind.file + u".real"};
         const auto before = stampOf(path);
-        const QStringList entries = QDir(folder.path()).entryList(QDir::AllEntries | QDir::System);
-        EXPECT_EQ(kind.read(app), fault.isRead ? u"5"_s : u""_s);
+        const QString old = fault.can.contains("read") ? u"5"_s : u""_s;
+        EXPECT_EQ(kind.read(app), old);
         if (kind.write) {
-            const bool canWrite = fault.isWritten == Written::Yes ||
-                                  (fault.isWritten == Written::ByThoseWhoNeedNotReadIt && !kind.isReadFirst);
+            const bool canWrite =
+                fault.can.contains("write") || (fault.can.contains("replace") && !kind.isReadFirst);
             EXPECT_EQ(kind.write(app), canWrite);
-            EXPECT_EQ(kind.read(app), canWrite ? u"77"_s : fault.isRead ? u"5"_s : u""_s);
+            EXPECT_EQ(kind.read(app), canWrite ? u"77"_s : old);
             EXPECT_TRUE(canWrite || stampOf(path) == before) << "what is there is as it was";
         }
-        limitFiles(RLIM_INFINITY);
-        chmod(local(folder.path()).constData(), 0700);
-        QStringList left = QDir(folder.path()).entryList(QDir::AllEntries | QDir::System);
-        left.removeIf([&](const QString &entry) {
-            return entries.contains(entry) || entry == kind.file || entry == kind.file + u".real";
-        });
-        EXPECT_EQ(left, QStringList()) << "nothing is left behind";
+        EXPECT_TRUE(limitFiles(RLIM_INFINITY) && setMode(folder.path(), 0700));
+        for (const QString &left : entries()) {
+            EXPECT_TRUE(known.contains(left)) << qPrintable(left) << " is left behind";
+        }
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(App, DiskFaults, testing::ValuesIn(kinds),
                          [](const auto &instance) { return std::string(instance.param.name); });
 
-/// Does it again and again in another thread, as long as it lives.
-class Meanwhile
+/// Does it again and again in another thread, as long as what comes back lives.
+std::jthread meanwhile(const std::function<void(int round)> &act)
 {
-public:
-    explicit Meanwhile(const std::function<void(int round)> &act)
-        : m_thread([this, act] {
-              for (int round = 0; !m_ends; ++round) {
-                  act(round);
-              }
-          })
-    {}
-    ~Meanwhile()
-    {
-        m_ends = true;
-        m_thread.join();
-    }
-    Meanwhile(const Meanwhile &) = delete;
-    Meanwhile &operator=(const Meanwhile &) = delete;
-
-private:
-    std::atomic<bool> m_ends = false;
-    std::thread m_thread;
-};
+    return std::jthread([act](const std::stop_token &ends) {
+        for (int round = 0; !ends.stop_requested(); ++round) {
+            act(round);
+        }
+    });
+}
 
 TEST(ChangingFiles, AreReadAsTheyWereOrAsTheyAreAndNeverForEver)
 {
@@ -334,13 +258,14 @@ TEST(ChangingFiles, AreReadAsTheyWereOrAsTheyAreAndNeverForEver)
     const QString texts[] = {QString(300'000, u'a'), QString(200'000, u'b')};
     ASSERT_TRUE(writeTextFile(path, texts[0]));
     {
-        const Meanwhile replaced([&](int round) { (void)writeTextFile(path, texts[round % 2]); });
+        const std::jthread replaced =
+            meanwhile([&](int round) { (void)writeTextFile(path, texts[round % 2]); });
         for (int i = 0; i < 100; ++i) {
             const QString text = readTextFile(path).value_or(QString());
             ASSERT_TRUE(text == texts[0] || text == texts[1]) << text.size();
         }
     }
-    const Meanwhile grows([&](int) {
+    const std::jthread grows = meanwhile([&](int) {
         QFile file(path);
         if (file.open(QIODevice::Append) && file.size() < large) {
             file.write(QByteArray(1 << 20, 'c'));
@@ -360,23 +285,17 @@ struct ChangingSkin : RoomFixture
         colours += backColourOf(skin);
     }
 
-    /// Puts something else in its place.
+    /// Puts something else in its place, or nothing.
     void change(int round) const
     {
         QFile::remove(path);
         QDir().rmdir(path);
-        switch (round % 4) {
-        case 0:
-            put(path, QByteArray(1000, 'x'));
-            break;
-        case 1:
+        if (round % 4 == 0) {
+            writeFile(path, QByteArray(1000, 'x'));
+        } else if (round % 4 == 1) {
             QDir().mkdir(path);
-            break;
-        case 2:
+        } else if (round % 4 == 2) {
             writeSkinArchive({{u"skin.toml"_s, "[Defaults]\nBackColour = 6\n"}}, path);
-            break;
-        default:
-            break; // it has gone
         }
     }
 
@@ -386,12 +305,12 @@ struct ChangingSkin : RoomFixture
 
 TEST_F(ChangingSkin, OneThatCannotBeHadLeavesTheOneBefore)
 {
-    put(path, kinds[7].good);
+    writeFile(path, kinds[7].good);
     take();
     text->setText(u"typed"_s);
     window.AddMessage(u"hello"_s, MessageKind::Normal);
     {
-        const Meanwhile others([this](int round) { change(round); });
+        const std::jthread others = meanwhile([this](int round) { change(round); });
         for (int i = 0; i < 50; ++i) {
             take();
         }
