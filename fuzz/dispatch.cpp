@@ -15,6 +15,7 @@
 #include "emotions/colEmotions.h"
 #include "emotions/emoticon_file.h"
 #include "link/frmComms.h"
+#include "link/xml_codec.h"
 #include "platform/image_list.h"
 #include "platform/rich_edit.h"
 #include "platform/settings_file.h"
@@ -91,6 +92,17 @@ bool isIndented(QStringView text)
 bool isCleanName(const QString &name)
 {
     return name.size() <= 200 && isClean(name) && !name.contains(u'\u202E');
+}
+
+/// The key of a request, which must be one, whatever ids and names are in it.
+QString keyOf(const QString &request)
+{
+    XMLDocument tree;
+    qsizetype position = 1;
+    require(ParseElement(request, tree.root, position) && position == request.size());
+    require(tree.root.MsgName == u"MSG" && tree.root.XMLMessage.Count() == 2);
+    require(tree.root.XMLMessage.Item(2)->XMLMessage.Count() == 0);
+    return tree.root.XMLMessage.Item(1)->value(u"mk").value().toString();
 }
 
 /// The board of the room, looked at after every message.
@@ -297,10 +309,7 @@ void Evening::readRequests()
         }
         m_requests.commit(result.count);
         while (const auto request = m_requests.next()) {
-            const QByteArray begin = QByteArrayLiteral("<MSG><V mk=\"");
-            require(request->startsWith(begin) && request->endsWith("</MSG>"));
-            const QByteArrayView key = request->sliced(begin.size());
-            m_key = key.first(key.indexOf('"')).toByteArray();
+            m_key = keyOf(QString::fromUtf8(*request)).toUtf8();
         }
     }
 }
@@ -414,8 +423,10 @@ void Evening::browse(const QString &name)
     model.setFilter(name.left(1));
     checkRows(model, {});
     RoomEntry entry(m_house.directory, m_state, m_link, m_lifecycle, m_prompts);
+    QString typed = name; // which goes out as it is, and breaks the request when it holds one of these
+    typed.remove(u'"').remove(u'\\');
     const bool entered = name.startsWith(u'o')
-                             ? entry.create({QStringLiteral("1"), QStringLiteral("A"), name, false})
+                             ? entry.create({QStringLiteral("1"), QStringLiteral("A"), typed, false})
                              : entry.join({12, QStringLiteral("A"), name});
     require(!entered || m_state.CurrentRoomID != 0);
     m_lifecycle.EnterRoom();

@@ -13,6 +13,13 @@ struct Attribute
     QString value;
 };
 
+/// A value as it is, unless it would end its attribute: ids and names are a stranger's, and a request must
+/// stay one.
+QString unbroken(QStringView value)
+{
+    return value.contains(u'"') || value.contains(u'\\') ? EscapeXML(value) : value.toString();
+}
+
 QString opening(QStringView name, std::initializer_list<Attribute> attributes)
 {
     QString text = u'<' + name.toString();
@@ -53,12 +60,12 @@ QString getCategories()
 
 QString getChannels(QStringView groupingCode, int start)
 {
-    return element(u"GETCHANNELS", {{u"g", groupingCode.toString()}, {u"st", QString::number(start)}});
+    return element(u"GETCHANNELS", {{u"g", unbroken(groupingCode)}, {u"st", QString::number(start)}});
 }
 
 QString createChannel(QStringView groupingCode, QStringView roomName, bool isPrivate)
 {
-    return element(u"CREATECHANNEL", {{u"g", groupingCode.toString()},
+    return element(u"CREATECHANNEL", {{u"g", unbroken(groupingCode)},
                                       {u"nm", roomName.toString()},
                                       {u"ty", isPrivate ? QStringLiteral("2") : QStringLiteral("1")}});
 }
@@ -73,14 +80,14 @@ QString requestJoinChannel(qint32 roomId, QStringView myId, QStringView myNickna
 {
     return element(
         u"REQUESTJOINCHANNEL",
-        {{u"cid", QString::number(roomId)}, {u"id", myId.toString()}, {u"nm", EscapeXML(myNickname)}});
+        {{u"cid", QString::number(roomId)}, {u"id", unbroken(myId)}, {u"nm", EscapeXML(myNickname)}});
 }
 
 QString allowJoinChannel(qint32 roomId, QStringView userId, QStringView myId, bool reject)
 {
     return element(u"ALLOWJOINCHANNEL", {{u"cid", QString::number(roomId)},
-                                         {u"id", userId.toString()},
-                                         {u"tid", myId.toString()},
+                                         {u"id", unbroken(userId)},
+                                         {u"tid", unbroken(myId)},
                                          {u"r", reject ? QStringLiteral("200") : QStringLiteral("0")}});
 }
 
@@ -88,7 +95,7 @@ QString dropUser(qint32 roomId, QStringView myId, QStringView userId, QStringVie
 {
     const QString command = u"DROPUSER userid=" + withoutControlCharacters(userId) + valueEnd + u" nick=" +
                             withoutControlCharacters(nickname) + valueEnd;
-    return element(u"CCMD", {{u"cid", QString::number(roomId)}, {u"id", myId.toString()}}, command);
+    return element(u"CCMD", {{u"cid", QString::number(roomId)}, {u"id", unbroken(myId)}}, command);
 }
 
 QString leaveChannel(qint32 roomId)
@@ -104,8 +111,8 @@ QString destroyChannel(qint32 roomId)
 QString notifyJoinChannel(qint32 roomId, QStringView myId, QStringView targetId, QStringView roomName)
 {
     return element(u"NOTIFYJOINCHANNEL", {{u"cid", QString::number(roomId)},
-                                          {u"id", myId.toString()},
-                                          {u"tid", targetId.toString()},
+                                          {u"id", unbroken(myId)},
+                                          {u"tid", unbroken(targetId)},
                                           {u"cnm", EscapeXML(roomName)}});
 }
 
@@ -113,9 +120,9 @@ QString message(qint32 roomId, QStringView myId, QStringView text, QStringView t
 {
     const QString room = QString::number(roomId);
     if (targetId.isEmpty()) {
-        return element(u"CMSG", {{u"cid", room}, {u"id", myId.toString()}}, text);
+        return element(u"CMSG", {{u"cid", room}, {u"id", unbroken(myId)}}, text);
     }
-    return element(u"CMSG", {{u"cid", room}, {u"id", myId.toString()}, {u"tid", targetId.toString()}}, text);
+    return element(u"CMSG", {{u"cid", room}, {u"id", unbroken(myId)}, {u"tid", unbroken(targetId)}}, text);
 }
 
 QString getPyloxUsers()
@@ -125,12 +132,12 @@ QString getPyloxUsers()
 
 QString userDetails(QStringView userId)
 {
-    return element(u"USERDETAILS", {{u"id", userId.toString()}});
+    return element(u"USERDETAILS", {{u"id", unbroken(userId)}});
 }
 
 QString inviteUser(QStringView userId, QStringView nickname)
 {
-    return element(u"INVITEUSER", {{u"id", userId.toString()}, {u"nick", nickname.toString()}});
+    return element(u"INVITEUSER", {{u"id", unbroken(userId)}, {u"nick", unbroken(nickname)}});
 }
 
 } // namespace Requests

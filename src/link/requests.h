@@ -3,7 +3,7 @@
 #include <QString>
 
 /// The text of every request. Values that people typed are escaped, except a room's name: that is sent as
-/// typed.
+/// typed. Ids, and the name in an invitation, are escaped only where they would break the request.
 namespace Requests {
 
 [[nodiscard]] QString getSkin();
