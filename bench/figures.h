@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <optional>
 #include <string>
@@ -22,3 +24,12 @@ void printFigure(const std::string &name, double value, const std::string &unit,
 
 /// The same where the limit is the least that passes.
 void printRate(const std::string &name, double value, const std::string &unit, double least);
+
+/// Ends the bench with status 2, saying what is missing: without it there is nothing to measure.
+inline void require(bool condition, const char *what)
+{
+    if (!condition) {
+        std::fprintf(stderr, "bench: %s\n", what);
+        std::exit(2);
+    }
+}

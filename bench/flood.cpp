@@ -13,8 +13,6 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include <cstdio>
-#include <cstdlib>
 #include <malloc.h>
 
 namespace {
@@ -23,14 +21,6 @@ constexpr int few = 5'000;
 constexpr int many = 50'000;
 constexpr int patience = 60'000; // milliseconds
 constexpr double microseconds = 1e6;
-
-void require(bool condition, const char *what)
-{
-    if (!condition) {
-        std::fprintf(stderr, "bench_flood: %s\n", what);
-        std::exit(2);
-    }
-}
 
 double heapBytes()
 {

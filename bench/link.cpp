@@ -19,8 +19,6 @@
 #include <QTemporaryDir>
 
 #include <chrono>
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
 
@@ -28,14 +26,6 @@ constexpr int runs = 5;
 constexpr int requests = 10'000;
 constexpr int pacedRequests = 20;
 constexpr int waitMilliseconds = 2000;
-
-void require(bool condition, const char *what)
-{
-    if (!condition) {
-        std::fprintf(stderr, "bench_link: %s\n", what);
-        std::exit(2);
-    }
-}
 
 /// A link with all it needs, connected to the port.
 struct Client

@@ -25,22 +25,12 @@
 #include <QTreeWidget>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
 
 constexpr int runs = 5;
 constexpr int patience = 60'000; // milliseconds
 constexpr double limitOfATurn = 100;
-
-void require(bool condition, const char *what)
-{
-    if (!condition) {
-        std::fprintf(stderr, "bench_room: %s\n", what);
-        std::exit(2);
-    }
-}
 
 double milliseconds(const QElapsedTimer &timer)
 {

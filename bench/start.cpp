@@ -10,8 +10,6 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <unistd.h>
 #include <xcb/xcb.h>
@@ -23,14 +21,6 @@ constexpr int patience = 20'000; // milliseconds
 constexpr int idle = 5'000;      // milliseconds until the memory is looked at
 constexpr int smallestWindow = 200;
 constexpr double nanoseconds = 1e9;
-
-void require(bool condition, const char *what)
-{
-    if (!condition) {
-        std::fprintf(stderr, "bench_start: %s\n", what);
-        std::exit(2);
-    }
-}
 
 template <typename Type>
 struct Free
