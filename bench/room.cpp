@@ -245,25 +245,17 @@ void benchStrangers(Room &room)
                 limitOfATurn);
 }
 
-/// The directory stands over the room until it is closed, so what is measured runs inside its event loop.
 void benchDirectory(Room &room, int rooms)
 {
-    double longest = 0;
-    QTimer::singleShot(0, &room.window(), [&] {
-        QTreeView *tree = nullptr;
-        require(eventually([&] {
-                    QWidget *directory = QApplication::activeModalWidget();
-                    tree = directory != nullptr ? directory->findChild<QTreeView *>(QStringLiteral("tvCats"))
-                                                : nullptr;
-                    return tree != nullptr && tree->model()->rowCount() == 1;
-                }),
-                "the directory does not open");
-        const QModelIndex category = tree->model()->index(0, 0);
-        QTimer::singleShot(0, tree, [=] { tree->setCurrentIndex(category); });
-        longest = longestTurn([&] { return tree->model()->rowCount(category) == rooms; });
-        QApplication::activeModalWidget()->close();
-    });
     Q_EMIT room.window().directoryRequested();
+    QWidget *directory = QApplication::activeModalWidget();
+    require(directory != nullptr, "the directory does not open");
+    auto *tree = directory->findChild<QTreeView *>(QStringLiteral("tvCats"));
+    require(eventually([&] { return tree->model()->rowCount() == 1; }), "there are no categories");
+    const QModelIndex category = tree->model()->index(0, 0);
+    QTimer::singleShot(0, tree, [=] { tree->setCurrentIndex(category); });
+    const double longest = longestTurn([&] { return tree->model()->rowCount(category) == rooms; });
+    directory->close();
     printFigure("directory_turn_10000_rooms", longest, "ms", limitOfATurn);
 }
 

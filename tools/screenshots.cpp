@@ -141,8 +141,13 @@ private:
     /// Opens a dialog and does something while it stands there.
     static void inDialog(const std::function<void()> &meanwhile, const std::function<void()> &open)
     {
-        QTimer::singleShot(settleMilliseconds, meanwhile);
+        bool done = false;
+        QTimer::singleShot(settleMilliseconds, [&] {
+            meanwhile();
+            done = true;
+        });
         open();
+        (void)waitFor([&] { return done; });
     }
 
     static void press(const QWidget &window, QStringView button)

@@ -34,22 +34,26 @@ bool ProgramWindows::raiseOpenDialog()
     return false;
 }
 
-/// A directory that was closed while it waits for the messenger comes back, and the answer finds it there.
+/// A directory that was closed on the way into a room comes back, and the answer finds it there.
 void ProgramWindows::openDirectory()
 {
     if (raiseOpenDialog()) {
         return;
     }
     if (m_directory != nullptr) {
-        m_directory->ShowModal();
+        m_directory->open();
         return;
     }
-    const QPointer directory(
-        new frmCategories(m_dress, m_chat.state, m_chat.link, m_room.lifecycle(), m_prompts, &m_room));
+    auto *directory =
+        new frmCategories(m_dress, m_chat.state, m_chat.link, m_room.lifecycle(), m_prompts, &m_room);
     m_directory = directory;
     connect(directory, &TitledWindow::helpRequested, this, &ProgramWindows::helpRequested);
+    connect(directory, &frmCategories::left, this, [this, directory] {
+        directory->deleteLater();
+        m_directory = nullptr;
+        m_room.lifecycle().EnterRoom();
+    });
     directory->Browse();
-    delete directory;
 }
 
 void ProgramWindows::openOptions()
@@ -57,12 +61,12 @@ void ProgramWindows::openOptions()
     if (raiseOpenDialog()) {
         return;
     }
-    const QPointer options(new frmOptions(m_dress, m_preferences, m_room.composeFont(), m_prompts, &m_room));
+    auto *options = new frmOptions(m_dress, m_preferences, m_room.composeFont(), m_prompts, &m_room);
     m_options = options;
     connect(options, &TitledWindow::helpRequested, this, &ProgramWindows::helpRequested);
     connect(options, &frmOptions::optionsChanged, &m_room, &frmMain::takeOptions);
-    options->ShowModal();
-    delete options;
+    connect(options, &TitledWindow::dismissed, options, &QObject::deleteLater);
+    options->open();
 }
 
 void ProgramWindows::unload()

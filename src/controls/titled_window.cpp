@@ -46,30 +46,25 @@ QSize TitledWindow::sizeAround(QSize client) const
     return client + size() - clientArea().size();
 }
 
-void TitledWindow::ShowModal()
+void TitledWindow::open()
 {
-    if (m_modal != nullptr) {
-        show();
-        raise();
-        activateWindow();
-        return;
-    }
-    if (testAttribute(Qt::WA_Moved)) { // else the window manager finds a place
+    if (isHidden() && testAttribute(Qt::WA_Moved)) { // else the window manager finds a place
         moveOnScreen(*this);
     }
     setWindowModality(Qt::WindowModal);
+    m_isOpen = true;
     show();
+    raise();
     activateWindow();
+}
+
+void TitledWindow::ShowModal()
+{
+    open();
     QEventLoop loop;
-    m_modal = &loop;
-    const QPointer<TitledWindow> self(this);
+    connect(this, &TitledWindow::dismissed, &loop, &QEventLoop::quit);
     connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
-    while (loop.exec() == 0 && self != nullptr && !isHidden()) {
-        // It has been shown again since. Nothing but 0 means that the whole program is about to end.
-    }
-    if (self != nullptr) {
-        m_modal = nullptr;
-    }
+    loop.exec();
 }
 
 /// A window that gets another frame is hidden for a moment, one that is minimised is not hidden at all: only
@@ -77,15 +72,16 @@ void TitledWindow::ShowModal()
 void TitledWindow::hideEvent(QHideEvent *event)
 {
     SkinnedWindow::hideEvent(event);
-    if (m_modal != nullptr) {
-        QMetaObject::invokeMethod(this, &TitledWindow::endModal, Qt::QueuedConnection);
+    if (m_isOpen) {
+        QMetaObject::invokeMethod(this, &TitledWindow::tellDismissed, Qt::QueuedConnection);
     }
 }
 
-void TitledWindow::endModal()
+void TitledWindow::tellDismissed()
 {
-    if (m_modal != nullptr && isHidden()) {
-        m_modal->quit();
+    if (m_isOpen && isHidden()) {
+        m_isOpen = false;
+        Q_EMIT dismissed();
     }
 }
 

@@ -4,7 +4,6 @@
 
 #include <QPointer>
 
-class QEventLoop;
 class QKeyEvent;
 class SkinButton;
 
@@ -35,13 +34,17 @@ public:
     /// The name is the object's. The help anchor is the place of the help pages that tells about the window.
     TitledWindow(const WindowDress &dress, const TitledKind &kind, QWidget *owner);
 
-    /// Shows the window over its owner, which cannot be used meanwhile, and returns when it has been hidden
-    /// or closed. Events go on: the window, or the program, may be gone by then. While an earlier call has
-    /// not returned, be it because a closed window still waits for something, the window comes back to the
-    /// front.
+    /// Shows the window over its owner, which cannot be used meanwhile, and brings it to the front. Nothing
+    /// waits for its end, so what is under way goes on beneath it.
+    void open();
+
+    /// The same, and returns when the window has been hidden or closed. Events go on: the window, or the
+    /// program, may be gone by then.
     void ShowModal();
 
 Q_SIGNALS:
+    /// The window that was opened has been hidden or closed. Comes a turn of events later.
+    void dismissed();
     /// The user wants to read how the window is used.
     void helpRequested(const QString &anchor);
 
@@ -61,12 +64,12 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
-    void endModal();
+    void tellDismissed();
 
     SkinButton *sysClose;
     SkinButton *sysMin;
     SkinButton *sysHelp;
     QString m_helpAnchor;
     SkinButton *m_defaultButton = nullptr;
-    QEventLoop *m_modal = nullptr; ///< while it runs
+    bool m_isOpen = false; ///< over its owner
 };

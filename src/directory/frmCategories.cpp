@@ -15,6 +15,8 @@
 #include <QLineEdit>
 #include <QShortcut>
 
+#include <utility>
+
 namespace {
 
 constexpr int margin = 8;
@@ -79,6 +81,7 @@ void frmCategories::connectControls()
     connect(smdOk, &QAbstractButton::clicked, this, &frmCategories::join);
     connect(smdCreate, &QAbstractButton::clicked, this, &frmCategories::create);
     connect(smdCancel, &QAbstractButton::clicked, this, &QWidget::close);
+    connect(this, &TitledWindow::dismissed, this, &frmCategories::tellLeft);
     txtFilter->installEventFilter(this);
     auto *find = new QShortcut(QKeySequence::Find, this);
     connect(find, &QShortcut::activated, txtFilter, [this] {
@@ -93,7 +96,7 @@ void frmCategories::Browse()
         clsMyApp::CentreOwner(*parentWidget(), *this);
     }
     QMetaObject::invokeMethod(this, &frmCategories::loadCategories, Qt::QueuedConnection);
-    ShowModal();
+    open();
 }
 
 void frmCategories::SetupFormSkin()
@@ -375,7 +378,18 @@ void frmCategories::enter(const std::function<bool()> &way)
     showBusy();
     if (hasEntered) {
         hide();
+    }
+    if (isHidden()) {
+        tellLeft();
     } else {
         loadRooms();
+    }
+}
+
+/// Once: what comes later than that is about a window that is already on its way out.
+void frmCategories::tellLeft()
+{
+    if (!m_isEntering && !std::exchange(m_hasLeft, true)) {
+        Q_EMIT left();
     }
 }

@@ -24,9 +24,13 @@ public:
     frmCategories(const WindowDress &dress, SharedState &state, frmComms &link, RoomLifecycle &lifecycle,
                   Prompts &prompts, QWidget *owner);
 
-    /// Shows the directory over its owner until the user has done with it; events go on meanwhile. The shared
-    /// state may name another room afterwards.
+    /// Opens the directory over its owner, and asks for the categories.
     void Browse();
+
+Q_SIGNALS:
+    /// The user has done with the directory, and no way into a room is under way any more. The shared state
+    /// may name another room now.
+    void left();
 
 protected:
     void SetupFormSkin() override;
@@ -57,6 +61,7 @@ private:
     void create();
     [[nodiscard]] std::optional<RoomDetails> askForDetails();
     void enter(const std::function<bool()> &way);
+    void tellLeft();
     [[nodiscard]] DirectoryNode *selected() const;
 
     WindowDress m_dress;
@@ -75,4 +80,5 @@ private:
     QSet<const DirectoryNode *> m_opened; ///< the categories that stand open without a filter
     bool m_isLoading = false;             ///< a list is under way
     bool m_isEntering = false;            ///< the user is on the way into a room
+    bool m_hasLeft = false;               ///< the user has done with it
 };

@@ -38,7 +38,7 @@ bool RoomEntry::join(const RoomToJoin &room)
     SharedState &state = m_state; // which outlasts the directory
     const JoinRequest request = m_link.RequestJoinChannel();
     if (request == JoinRequest::Sent) {
-        return true;
+        return state.CurrentRoomID == room.id; // it may have been closed meanwhile
     }
     if (directory != nullptr) {
         tell(request == JoinRequest::RoomFull

@@ -30,7 +30,6 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QScopedValueRollback>
 #include <QShortcut>
 #include <QTextDocument>
 #include <QTreeWidget>
@@ -206,18 +205,7 @@ void frmMain::activateFirst()
         return;
     }
     if (m_lifecycle.joinFrom(m_commandLine) && m_commandLine.showCategories()) {
-        browse();
-    }
-}
-
-/// The directory may have pointed the shared state at another room. One that is only brought back while it
-/// still waits has done so when it has ended.
-void frmMain::browse()
-{
-    const QScopedValueRollback browsing(m_browses, m_browses + 1);
-    Q_EMIT directoryRequested();
-    if (m_browses == 1) {
-        m_lifecycle.EnterRoom();
+        Q_EMIT directoryRequested();
     }
 }
 
@@ -301,7 +289,7 @@ void frmMain::describeEmotion(const QString &name)
 void frmMain::showMenu()
 {
     QMenu *menu = makeMenu(tr("Main Menu"));
-    addEntry(*menu, tr("Join/Create Room"), &frmMain::browse);
+    addEntry(*menu, tr("Join/Create Room"), &frmMain::directoryRequested);
     addEntry(*menu, tr("Leave Room"), [](frmMain &self) {
         self.m_lifecycle.LeaveRoom(true);
     })->setEnabled(m_state.InRoom && !m_state.IsRoomOwner);

@@ -76,9 +76,9 @@ public:
     void takeOptions();
 
 Q_SIGNALS:
-    /// The user wants to browse the rooms, until the directory is closed.
+    /// The user wants to browse the rooms.
     void directoryRequested();
-    /// The user wants to see the options, until they are closed.
+    /// The user wants to see the options.
     void optionsRequested();
     /// A private message for the window of that person, in items; an empty body only opens it.
     void privateMessageReceived(const QString &id, const QString &name, const QString &body);
@@ -105,7 +105,6 @@ private:
     void fillIcons();
     [[nodiscard]] MemberLooks memberLooks() const;
     void activateFirst();
-    void browse();
     void send();
     void sendChosenEmotion();
     void sendEmotion(const QString &name);
@@ -148,5 +147,4 @@ private:
     QPointer<frmEmotShow> m_palette; ///< while it is open
     bool m_shownBefore = false;
     bool m_exited = false;
-    int m_browses = 0; ///< of the directory, one inside the other
 };

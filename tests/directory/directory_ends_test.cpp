@@ -38,6 +38,7 @@ TEST_P(DirectoryEnds, InAnyWait)
     EXPECT_EQ(prompts.boxes.filter(u"Room Error"_s), QStringList());
     const bool stays = awaited.startsWith(u"<GET");
     EXPECT_EQ(state.CurrentRoomID, stays ? 5 : creates && way == 0 ? 31 : 0) << "a room is never orphaned";
+    EXPECT_EQ(roomsWhenLeft, way == 2 ? QList<qint32>() : QList{state.CurrentRoomID});
 }
 
 INSTANTIATE_TEST_SUITE_P(Waits, DirectoryEnds,

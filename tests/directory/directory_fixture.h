@@ -20,6 +20,7 @@ struct Directory : LinkFixture
     void SetUp() override
     {
         connectLink();
+        QObject::connect(window, &frmCategories::left, [this] { roomsWhenLeft += state.CurrentRoomID; });
         messenger.answerBy([this](const QString &request) {
             onRequest(request);
             for (const auto &[start, payload] : answers) {
@@ -61,6 +62,8 @@ struct Directory : LinkFixture
         };
         QObject::connect(tree->model(), &QAbstractItemModel::modelReset, window, standing, onceLater);
         window->Browse();
+        EXPECT_TRUE(eventually([this] { return window == nullptr || window->isHidden(); }));
+        QCoreApplication::sendPostedEvents();
     }
 
     [[nodiscard]] QModelIndex find(const QString &text) const
@@ -154,6 +157,7 @@ struct Directory : LinkFixture
 
     QList<QPair<QString, QString>> answers;
     std::function<void(const QString &)> onRequest = [](const QString &) {};
+    QList<qint32> roomsWhenLeft;
     RecordingView view;
     colChatters chatters;
     RoomLifecycle lifecycle{state, chatters, link, view, prompts};

@@ -114,6 +114,22 @@ TEST_F(Directory, Joins)
     });
 }
 
+TEST_F(Directory, StaysWhenTheRoomIsClosedBeforeTheAnswer)
+{
+    onRequest = [this](const QString &request) {
+        if (request.startsWith(u"<REQUESTJOINCHANNEL")) {
+            lifecycle.ResetRoom();
+        }
+    };
+    browse([&] {
+        click(u"Lounge"_s);
+        click(u"Attic (members: 0)"_s);
+        button(u"smdOk"_s)->click();
+        EXPECT_TRUE(window->isVisible());
+        EXPECT_EQ(prompts.boxes, QStringList()) << "the board tells of it";
+    });
+}
+
 TEST_F(Directory, DoubleClickAndEnterChoose)
 {
     browse([this] {
