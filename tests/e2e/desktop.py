@@ -97,16 +97,25 @@ class Desktop:
     def tool(self, *words):
         return subprocess.run(words, env=self.environment, capture_output=True, text=True, check=False).stdout.strip()
 
-    def window_of(self, process):
-        found = self.tool("xdotool", "search", "--all", "--onlyvisible", "--pid", str(process.pid), "--name", ".").split()
-        return found[-1] if found else None
+    def window_of(self, process, title="."):
+        search = ["search", "--all", "--onlyvisible", "--pid", str(process.pid), "--name", title]
+        return (self.tool("xdotool", *search).split() or [None])[-1]
 
     def client(self, *arguments):
         process = self.start([self.programs / "PyloxChat", *arguments])
         return process, wait_for("a window is shown", lambda: self.window_of(process))
 
+    def activate(self, window, *keys):
+        """Turns to a window as somebody who uses the window manager's keys, and presses keys there."""
+        self.tool("xdotool", "windowactivate", "--sync", window, *(["key", *keys] if keys else []))
+
     def type_into(self, window, text):
         """Types like a person who has clicked the window's title: the message box has the focus by itself."""
-        self.tool("xdotool", "windowactivate", "--sync", window)
+        self.activate(window)
         self.tool("xdotool", "type", "--delay", "5", text)
         self.tool("xdotool", "key", "Return")
+
+
+def ends(process, code=0):
+    wait_for("the program ends", lambda: process.poll() is not None)
+    assert process.returncode == code, process.returncode

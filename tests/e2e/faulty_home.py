@@ -10,7 +10,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-from desktop import Desktop, wait_for
+from desktop import Desktop, ends, wait_for
 
 # The superuser is refused nothing: the client runs as nobody.
 AS_NOBODY = ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"] if os.geteuid() == 0 else []
@@ -41,15 +41,11 @@ def an_evening(desktop, home):
     desktop.type_into(room, "hello all the same")
     wait_for("the words are sent", lambda: "hello all the same" in desktop.said())
     desktop.command("whisper u1 psst")
-    search = ["xdotool", "search", "--onlyvisible", "--name", "Private Message"]
-    private = wait_for("somebody writes", lambda: desktop.tool(*search))
-    desktop.tool("xdotool", "windowactivate", "--sync", private)
-    desktop.tool("xdotool", "key", "Escape")  # and its place is to be kept
-    wait_for("the conversation is closed", lambda: not desktop.tool(*search))
-    desktop.tool("xdotool", "windowactivate", "--sync", room)
-    desktop.tool("xdotool", "key", "alt+x")
-    wait_for("Exit ends the program", lambda: robin.poll() is not None)
-    assert robin.returncode == 0, robin.returncode
+    private = wait_for("somebody writes", lambda: desktop.window_of(robin, "Private Message"))
+    desktop.activate(private, "Escape")  # and its place is to be kept
+    wait_for("the conversation is closed", lambda: not desktop.window_of(robin, "Private Message"))
+    desktop.activate(room, "alt+x")
+    ends(robin)
 
 
 def main():

@@ -14,7 +14,7 @@ import tempfile
 from pathlib import Path
 from xml.etree import ElementTree
 
-from desktop import Desktop, wait_for
+from desktop import Desktop, ends, wait_for
 
 PROGRAMS = ["PyloxChat", "pylox-messenger", "pylox-skin"]
 PAGES = [f"share/man/man1/{program}.1" for program in PROGRAMS]
@@ -38,18 +38,8 @@ def run(*command, **more):
     return done.stdout
 
 
-def files_below(folder):
-    return {str(path.relative_to(folder)) for path in folder.rglob("*") if not path.is_dir()}
-
-
-def install(build, scratch):
-    """An installation that has been moved to another place since."""
-    run("cmake", "--install", build, "--prefix", scratch / "first")
-    return (scratch / "first").rename(scratch / "a place of its own")
-
-
 def check_files(prefix, expected):
-    found = files_below(prefix)
+    found = {str(path.relative_to(prefix)) for path in prefix.rglob("*") if not path.is_dir()}
     pages = {name for name in found if name.startswith(HELP)}
     assert {HELP + "index.html", HELP + "emoticons.html", HELP + "style.css"} <= pages, pages
     assert found - pages == expected, (found - pages) ^ expected
@@ -105,30 +95,27 @@ def talk(prefix):
         named = re.search("^StartupWMClass=(.+)$", entry, re.MULTILINE)[1]
         windows = desktop.tool("xdotool", "search", "--onlyvisible", "--class", f"^{named}$").split()
         assert window in windows, "a window is of the class that its menu entry names"
-        desktop.tool("xdotool", "windowactivate", "--sync", window, "key", "alt+x")
-        wait_for("Exit ends the program", lambda: process.poll() is not None)
-        assert process.returncode == 0, process.returncode
+        desktop.activate(window, "alt+x")
+        ends(process)
 
 
 def make_package(build, scratch):
-    """The package, and its folder usr; root is not needed for either."""
+    """The package; root is not needed for it."""
     run("cpack", "--config", build / "CPackConfig.cmake", "-B", scratch, "-D", "CPACK_DEBIAN_COMPRESSION_TYPE=gzip")
     (package,) = scratch.glob("*.deb")
-    run("dpkg-deb", "-x", package, scratch / "root")
-    return package, scratch / "root" / "usr"
+    return package
 
 
 def check_package(package, version):
-    fields = {}
-    for name in ["Package", "Version", "Architecture", "Depends"]:
-        fields[name] = run("dpkg-deb", "-f", package, name).strip()
-    assert package.name == "{Package}_{Version}_{Architecture}.deb".format(**fields), package.name
-    assert (fields["Package"], fields["Version"]) == ("pylox-chat", version), fields
+    names = ["Package", "Version", "Architecture", "Depends"]
+    name, packed, architecture, depends = (run("dpkg-deb", "-f", package, field).strip() for field in names)
+    assert (name, packed) == ("pylox-chat", version), (name, packed)
+    assert package.name == f"{name}_{version}_{architecture}.deb", package.name
     for library in ["libc6", "libqt6widgets6", "libqt6printsupport6", "libzip4"]:
-        assert re.search(rf"\b{library}\b", fields["Depends"]), fields
+        assert re.search(rf"\b{library}\b", depends), depends
     for line in run("dpkg-deb", "-c", package).splitlines():
-        mode, owner, name = line.split()[0], line.split()[1], line.split()[-1]
-        right = "drwxr-xr-x" if name.endswith("/") else "-rwxr-xr-x" if "/usr/bin/" in name else "-rw-r--r--"
+        mode, owner, *_, path = line.split()
+        right = "drwxr-xr-x" if path.endswith("/") else "-rwxr-xr-x" if "/usr/bin/" in path else "-rw-r--r--"
         assert (mode, owner) == (right, "root/root"), line
 
 
@@ -150,7 +137,8 @@ def main(build, version):
     build = Path(build)
     with tempfile.TemporaryDirectory() as folder:
         scratch = Path(folder)
-        prefix = install(build, scratch)
+        run("cmake", "--install", build, "--prefix", scratch / "first")
+        prefix = (scratch / "first").rename(scratch / "a place of its own")
         check_files(prefix, FILES)
         check_programs(prefix, version)
         check_manual(prefix)
@@ -158,8 +146,10 @@ def main(build, version):
         talk(prefix)
         check_files(prefix, FILES)  # nothing was written beside the programs
 
-        package, usr = make_package(build, scratch)
+        package = make_package(build, scratch)
         check_package(package, version)
+        run("dpkg-deb", "-x", package, scratch / "root")
+        usr = scratch / "root" / "usr"
         pages = {f"{page}.gz" for page in PAGES}
         check_files(usr, FILES - set(PAGES) | pages | {"share/doc/pylox-chat/changelog.gz"})
         changelog = gzip.decompress((usr / "share/doc/pylox-chat/changelog.gz").read_bytes()).decode()

@@ -7,7 +7,7 @@ screen_reader.py BIN: the folder of the programs.
 import os
 import sys
 
-from desktop import Desktop, wait_for
+from desktop import Desktop, ends, wait_for
 
 try:
     import gi
@@ -65,16 +65,14 @@ def whole(board):
 
 
 def the_window(reader):
-    push = Atspi.Role.PUSH_BUTTON
-    roles = {"Message": Atspi.Role.TEXT, "Members": Atspi.Role.TREE, "Send": push, "Menu": push, "Exit": push}
+    push, text = Atspi.Role.PUSH_BUTTON, Atspi.Role.TEXT
+    roles = {"Message": text, "Members": Atspi.Role.TREE, "Send": push, "Menu": push, "Message board": text}
     for name, role in roles.items():
         assert reader.find(name).get_role() == role, name
     board = reader.find("Message board")
-    states = board.get_state_set()
-    assert board.get_role() == Atspi.Role.TEXT, board.get_role()
-    assert "Text" in board.get_interfaces() and "EditableText" not in board.get_interfaces(), board.get_interfaces()
-    assert states.contains(Atspi.StateType.READ_ONLY), "read-only"
-    assert not states.contains(Atspi.StateType.EDITABLE), "editable"
+    states, interfaces = board.get_state_set(), board.get_interfaces()
+    assert "Text" in interfaces and "EditableText" not in interfaces, interfaces
+    assert states.contains(Atspi.StateType.READ_ONLY) and not states.contains(Atspi.StateType.EDITABLE)
     return board
 
 
@@ -99,9 +97,8 @@ def where_it_is(board, start):
     places = [Text.get_character_extents(board, start + at, screen) for at in range(len(MESSAGE))]
     for at, place in enumerate(places):
         where = (at, place.x, place.y, place.width, place.height)
-        assert place.width > 0 and place.height > 0, where
-        assert outer.x <= place.x and place.x + place.width <= outer.x + outer.width, where
-        assert outer.y <= place.y and place.y + place.height <= outer.y + outer.height, where
+        assert outer.x <= place.x < place.x + place.width <= outer.x + outer.width, where
+        assert outer.y <= place.y < place.y + place.height <= outer.y + outer.height, where
     name = MESSAGE.index("Happy")
     for at in [0, name, name + len("Happy")]:
         x, y = places[at].x + places[at].width // 2, places[at].y + places[at].height // 2
@@ -135,8 +132,7 @@ def main():
         where_it_is(board, start)
         selection_and_caret(desktop, reader, board, start)
         Atspi.Action.do_action(reader.find("Exit"), 0)
-        wait_for("Exit ends the program", lambda: program.poll() is not None)
-        assert program.returncode == 0, program.returncode
+        ends(program)
     print("the room was read, selected and walked through")
 
 

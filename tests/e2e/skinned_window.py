@@ -10,7 +10,7 @@ import struct
 import sys
 from pathlib import Path
 
-from desktop import Desktop, wait_for
+from desktop import Desktop, ends, wait_for
 
 GROUND = (0xC0, 0x40, 0x60)
 WIDTH, HEIGHT = 1600, 900
@@ -62,9 +62,8 @@ def corners_are_cut(desktop, window, skin):
     def look():
         x, y, width, height = geometry(desktop, window)
         screen = Screen(desktop.home.name)
-        outside = [screen.at(x, y)]
         inside = [screen.at(x + width // 2, y + 2), screen.at(x + 2, y + height // 2)]
-        return screen if all(c == GROUND for c in outside) and GROUND not in inside else None
+        return screen if screen.at(x, y) == GROUND and GROUND not in inside else None
 
     return wait_for(f"the corners of {skin} show the ground", look)
 
@@ -85,8 +84,8 @@ def wears(desktop, skin, screenshot):
     drag(desktop, (x + width - 4, y + height - 4), (-700, -500))
     becomes(desktop, window, (x, y, 500, 400))
     corners_are_cut(desktop, window, skin.stem)
-    desktop.tool("xdotool", "windowactivate", "--sync", window, "key", "alt+F4")
-    wait_for("the window closes", lambda: process.poll() is not None)
+    desktop.activate(window, "alt+F4")
+    ends(process)
 
 
 def main():

@@ -10,7 +10,7 @@ import sys
 import time
 from pathlib import Path
 
-from desktop import Desktop, wait_for
+from desktop import Desktop, ends, wait_for
 from screen_reader import Atspi, GLib, Reader, whole
 from skinned_window import Screen, geometry
 
@@ -20,6 +20,11 @@ IGNORE, DROP, PRIVATE_MESSAGE, HIGHLIGHT = 3, 4, 5, 6
 
 FOCUSED = Atspi.StateType.FOCUSED
 ENABLED = Atspi.StateType.ENABLED
+SELECTED = Atspi.StateType.SELECTED
+
+# The titles of windows.
+OUTSIDE = "Pylox Chat"
+CHAT_OPTIONS = "Chat Options"
 
 
 class Person:
@@ -28,7 +33,7 @@ class Person:
     def __init__(self, desktop, reader, *arguments):
         self.desktop = desktop
         self.reader = reader
-        self.room = "Pylox Chat"  # the title of the room window
+        self.room = OUTSIDE  # the title of the room window
         self.sent = 0
         self.process = desktop.start([desktop.programs / "PyloxChat", *arguments])
 
@@ -58,13 +63,11 @@ class Person:
         return whole(self.find("Message board"))
 
     def window(self, title):
-        words = ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(self.process.pid), "--name", title]
-        return wait_for(f"a window {title!r}", lambda: self.desktop.tool(*words)).split()[-1]
+        return wait_for(f"a window {title!r}", lambda: self.desktop.window_of(self.process, title))
 
     def turn_to(self, title):
-        """As somebody who changes the window with the window manager's keys."""
         window = self.window(title)
-        self.desktop.tool("xdotool", "windowactivate", "--sync", window)
+        self.desktop.activate(window)
         return window
 
     def press(self, *keys):
@@ -74,18 +77,25 @@ class Person:
         self.desktop.tool("xdotool", "type", "--delay", "5", text)
         self.press(end)
 
-    def go_to(self, name, window=None, key="Tab"):
-        """Presses the key until the control has the keyboard."""
-        control = self.find(name, window)
+    def press_until(self, key, what, holds):
         for _ in range(40):
-            if control.get_state_set().contains(FOCUSED):
-                return control
+            if holds():
+                return
             self.press(key)
-        raise AssertionError(f"{key} does not lead to {name!r}")
+        raise AssertionError(f"{key} does not lead to {what!r}")
+
+    def go_to(self, name, window=None):
+        """By the keyboard, to a control of this window or the room window."""
+        self.turn_to(window or self.room)
+        control = self.find(name, window or self.room)
+        self.press_until("Tab", name, lambda: control.get_state_set().contains(FOCUSED))
+
+    def use(self, name, window=None):
+        self.go_to(name, window)
+        self.press("space")
 
     def say(self, text):
-        self.turn_to("Evening$")
-        self.go_to("Message", self.room)
+        self.go_to("Message")
         self.pace()
         self.write(text)
 
@@ -96,14 +106,9 @@ class Person:
 
     def choose(self, row, control):
         """Goes to a row of a list."""
-        self.turn_to("Evening$")
-        self.go_to(control, self.room)
+        self.go_to(control)
         self.press("Home")
-        for _ in range(20):
-            if self.find(row, self.room).get_state_set().contains(Atspi.StateType.SELECTED):
-                return
-            self.press("Down")
-        raise AssertionError(f"{row!r} cannot be selected")
+        self.press_until("Down", row, lambda: self.find(row, self.room).get_state_set().contains(SELECTED))
 
     def member_menu(self, name, entry):
         """The entry is counted from 1, over those that can be chosen."""
@@ -116,6 +121,23 @@ class Person:
         self.press("alt+m")
         self.pick(entry)
 
+    def opens_options(self, entry=OPTIONS):
+        self.main_menu(entry)
+        self.turn_to(CHAT_OPTIONS)
+
+    def finds_in_lists(self, name, key):
+        """In the options window, which is open and is left."""
+        self.press("alt+a")
+        self.turn_to("Accept/Ignore List")
+        self.find(name, "Chat Accept/Ignore List")
+        self.press(key)
+        self.turn_to(CHAT_OPTIONS)
+        self.press("Escape")
+
+    def kept(self, files):
+        """What is in files of the home folder; nothing when there is none yet."""
+        return "".join(path.read_text(encoding="utf-8") for path in Path(self.desktop.home.name).glob(files))
+
     def pick(self, entry):
         """From a menu that has just been opened; menus are not in the tree, so there is nothing to wait for."""
         time.sleep(0.5)
@@ -125,42 +147,28 @@ class Person:
 def without_a_messenger(desktop):
     process, window = desktop.client("-port1~")
     assert desktop.tool("xdotool", "getwindowname", window).startswith("Messenger not found")
-    desktop.tool("xdotool", "windowactivate", "--sync", window, "key", "Return")
-    wait_for("the program ends", lambda: process.poll() is not None)
-    assert process.returncode == 1, process.returncode
+    desktop.activate(window, "Return")
+    ends(process, 1)
 
 
 def opens_a_room(robin):
     """Who lets people in by hand, which is said in the options first."""
-    robin.turn_to("Chat Categories")
+    categories = "Chat Categories"
     robin.find("Lounges")
-    robin.go_to("Categories and rooms", "Chat Categories")
+    robin.go_to("Categories and rooms", categories)
     robin.press("Home")
-    wait_for("a category is chosen", lambda: robin.find("Create", "Chat Categories").get_state_set().contains(ENABLED))
+    wait_for("a category is chosen", lambda: robin.find("Create", categories).get_state_set().contains(ENABLED))
     robin.press("alt+r")
     robin.turn_to("Create New Channel")
     robin.write("Evening")
     robin.press("Return", "Return")  # past the box, on the button
-    robin.window("Evening$")
     robin.room = "Lounges - Evening"
     robin.reads("Created room: Lounges - Evening")
 
-    robin.main_menu(OPTIONS)
-    robin.turn_to("Chat Options")
-    robin.go_to("Auto Accept All", "Chat Options")  # a list is heard by what is chosen in it
-    robin.press("Home")  # Manual
-    robin.press("Return")
-    wait_for("the options are saved", lambda: "ACCEPTUSER" in options_file(robin))
-
-
-def options_file(person):
-    files = list(Path(person.desktop.home.name).glob("* ChatOpt.dat"))
-    return files[0].read_text(encoding="utf-8") if files else ""
-
-
-def lists_file(person):
-    file = Path(person.desktop.home.name) / "ChatList.dat"
-    return file.read_text(encoding="utf-8") if file.exists() else ""
+    robin.opens_options()
+    robin.go_to("Auto Accept All", CHAT_OPTIONS)  # a list is heard by what is chosen in it
+    robin.press("Home", "Return")  # Manual
+    wait_for("the options are saved", lambda: "ACCEPTUSER" in robin.kept("* ChatOpt.dat"))
 
 
 def lets_somebody_in(desktop, reader, robin):
@@ -177,9 +185,10 @@ def lets_somebody_in(desktop, reader, robin):
 
 def talk(robin, sasha):
     robin.say("good evening")
-    sasha.say("and to you")
-    robin.reads("Sasha: and to you")
+    sasha.say("and to <you> \\")
+    robin.reads("Sasha: and to <you> \\")
     sasha.reads("Robin: good evening")
+    assert robin.board().count("good evening") == 1, "the own copy is the only one"
 
     robin.choose("Sasha", "Members")
     robin.choose("Wave", "Emotions")
@@ -188,63 +197,50 @@ def talk(robin, sasha):
     for person in (robin, sasha):
         person.reads("Robin waves at Sasha")
 
-    robin.go_to("Emoticons", robin.room)
-    robin.press("space")
+    robin.use("Emoticons")
     robin.turn_to("Emoticons")
     robin.press("Right", "Return", "Escape")
-    robin.turn_to("Evening$")
-    robin.go_to("Message", robin.room)
-    robin.pace()
-    robin.press("Return")
+    robin.say("")
     sasha.reads("Robin: Angry")  # a picture is heard by its name
 
 
 def in_private(desktop, robin, sasha):
+    to_sasha, to_robin = "Sasha - Private Message", "Robin - Private Message"
     robin.member_menu("Sasha", PRIVATE_MESSAGE)
-    robins = robin.turn_to("Sasha - Private Message")
+    robins = robin.turn_to(to_sasha)
     robin.pace()
     robin.write("just between us")
-    robin.reads("just between us", "Conversation", "Sasha - Private Message")
-    sasha.reads("just between us", "Conversation", "Robin - Private Message")
+    robin.reads("just between us", "Conversation", to_sasha)
+    sasha.reads("just between us", "Conversation", to_robin)
     assert desktop.tool("xdotool", "getactivewindow") == robins, "a message takes nobody's keyboard"
-    sasha.turn_to("Robin - Private Message")
-    sasha.go_to("Message", "Robin - Private Message")
+    sasha.go_to("Message", to_robin)
     sasha.pace()
     sasha.write("of course")
-    robin.reads("of course", "Conversation", "Sasha - Private Message")
+    robin.reads("of course", "Conversation", to_sasha)
     assert "between us" not in robin.board() + sasha.board()
 
     desktop.tool("xdotool", "windowmove", "--sync", robins, "120", "90")
-    place = geometry(desktop, robin.turn_to("Sasha - Private Message"))
+    place = geometry(desktop, robin.turn_to(to_sasha))
     robin.press("Escape")
-    wait_for("the place is kept", lambda: "ChatPrivMsg-u2" in settings(robin))
+    wait_for("the place is kept", lambda: "ChatPrivMsg-u2" in robin.kept("Pylox.ini"))
     robin.member_menu("Sasha", PRIVATE_MESSAGE)
-    again = robin.turn_to("Sasha - Private Message")
+    again = robin.turn_to(to_sasha)
     wait_for("the window is where it was left", lambda: geometry(desktop, again) == place)
     robin.press("Escape")
 
 
-def settings(person):
-    return (Path(person.desktop.home.name) / "Pylox.ini").read_text(encoding="utf-8")
-
-
 def changes_a_colour(robin):
-    robin.main_menu(OPTIONS)
-    robin.turn_to("Chat Options")
+    robin.opens_options()
     robin.press("alt+c")  # which three of its buttons have: it goes from one to the next
-    robin.go_to("Colors", "Chat Options")
-    robin.press("space")
-    robin.go_to("My username text colour", "Chat Options")
-    robin.press("space")
+    robin.use("Colors", CHAT_OPTIONS)
+    robin.use("My username text colour", CHAT_OPTIONS)
     robin.turn_to("Select Color")
     robin.press("alt+h", "ctrl+a")
     robin.write("#112233", end="Tab")
     robin.press("Return")
-    robin.turn_to("Chat Options")
-    robin.go_to("Ok", "Chat Options")
-    robin.press("Return")
-    colour = str(0x332211)
-    wait_for("the colour is saved", lambda: re.search(f"^UNTC.*{colour}", options_file(robin), re.M))
+    robin.use("Ok", CHAT_OPTIONS)
+    line = f"^UNTC.*{0x332211}"
+    wait_for("the colour is saved", lambda: re.search(line, robin.kept("* ChatOpt.dat"), re.M))
 
 
 def ignores_somebody(robin, sasha):
@@ -258,62 +254,44 @@ def ignores_somebody(robin, sasha):
     sasha.reads("Robin: who is there")
     assert "hear me" not in robin.board(), robin.board()
 
-    robin.main_menu(OPTIONS)
-    robin.turn_to("Chat Options")
-    robin.press("alt+a")
-    robin.turn_to("Accept/Ignore List")
-    robin.find("u2", "Chat Accept/Ignore List")
-    robin.press("Return")
-    wait_for("the lists are saved", lambda: "I-u2" in lists_file(robin))
-    robin.turn_to("Chat Options")
-    robin.press("Escape")
+    robin.opens_options()
+    robin.finds_in_lists("u2", "Return")
+    wait_for("the lists are saved", lambda: "I-u2" in robin.kept("ChatList.dat"))
 
 
 def changes_the_skin(desktop, robin):
     desktop.command("skin Dark")
-    wait_for("the window is dark", lambda: sum(Screen(desktop.home.name).at(*middle_of(robin))) < 150)
+    x, y, width, _ = geometry(desktop, robin.turn_to(robin.room))
+    wait_for("the window is dark", lambda: sum(Screen(desktop.home.name).at(x + width // 2, y + 6)) < 150)
 
 
-def middle_of(person):
-    x, y, width, _ = geometry(person.desktop, person.turn_to("Evening$"))
-    return x + width // 2, y + 6
-
-
-def saves_and_drops(desktop, robin, sasha):
-    file = Path(desktop.home.name) / "evening.rtf"
+def saves_and_drops(robin, sasha):
     robin.main_menu(SAVE)
     robin.turn_to("Save Session to File")
     robin.press("ctrl+a")
-    robin.write(str(file))
-    wait_for("the session is saved", lambda: file.exists() and "good evening" in file.read_text(encoding="utf-8"))
+    robin.write(f"{robin.desktop.home.name}/evening.rtf")
+    wait_for("the session is saved", lambda: "good evening" in robin.kept("evening.rtf"))
 
     robin.member_menu("Sasha", DROP)
     sasha.reads("has been kicked from the room!")
+    sasha.room = OUTSIDE
     wait_for("nobody but the owner is left", lambda: not robin.look("Sasha", robin.room))
 
 
-def goes(person, title, key):
+def goes(person, key):
     """By Exit, or by what the window manager closes windows with."""
-    person.turn_to(title)
+    person.turn_to(person.room)
     person.press(key)
-    wait_for(f"{key} ends the program", lambda: person.process.poll() is not None)
-    assert person.process.returncode == 0, person.process.returncode
+    ends(person.process)
 
 
 def finds_it_as_it_was(desktop, reader):
     """The options, the lists and the places of windows."""
     robin = Person(desktop, reader)
-    robin.room = "Pylox Chat"
-    robin.main_menu(OPTIONS - 1)  # there is no room to close
-    robin.turn_to("Chat Options")
-    robin.find("Manual", "Chat Options")
-    robin.press("alt+a")
-    robin.turn_to("Accept/Ignore List")
-    robin.find("u2", "Chat Accept/Ignore List")
-    robin.press("Escape")
-    robin.turn_to("Chat Options")
-    robin.press("Escape")
-    goes(robin, "Pylox Chat", "alt+x")
+    robin.opens_options(OPTIONS - 1)  # there is no room to close
+    robin.find("Manual", CHAT_OPTIONS)
+    robin.finds_in_lists("u2", "Escape")
+    goes(robin, "alt+x")
 
 
 def main():
@@ -328,9 +306,9 @@ def main():
         changes_a_colour(robin)
         ignores_somebody(robin, sasha)
         changes_the_skin(desktop, robin)
-        saves_and_drops(desktop, robin, sasha)
-        goes(sasha, "Pylox Chat", "alt+F4")
-        goes(robin, "Evening$", "alt+x")
+        saves_and_drops(robin, sasha)
+        goes(sasha, "alt+F4")
+        goes(robin, "alt+x")
         assert '<DESTROYCHANNEL' in desktop.said(), "a room is closed with its owner"
         finds_it_as_it_was(desktop, reader)
     print("an evening by the keyboard: every window was opened, and everything was kept")

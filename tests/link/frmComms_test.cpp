@@ -114,9 +114,15 @@ TEST_F(Link, AReplyThatCameBeforeTheEndOfTheConnectionCounts)
 TEST_F(Link, TheEndOfTheConnectionEndsEveryWait)
 {
     answerWith({});
-    later([this] { messenger.closeClient(); });
+    std::shared_ptr<const clsCommMsg> record;
+    later([&] {
+        record = link.queue().records().Item(1);
+        messenger.resetClient();
+    });
     EXPECT_FALSE(link.LeaveChannel());
     EXPECT_EQ(room.events, QStringList{u"shut-down"_s});
+    ASSERT_NE(record, nullptr);
+    EXPECT_EQ(record->RetCode, RetCode::ConnectionReset) << "which is the last record's own failure";
     EXPECT_FALSE(link.SendMessage(u"x"_s, {})) << "and later requests fail at once";
 }
 
@@ -131,19 +137,6 @@ TEST_F(Link, WhoComesAfterTheEndOfTheConnectionIsToldOfIt)
         return !room.events.isEmpty();
     }));
     EXPECT_EQ(room.events.first(), u"shut-down"_s);
-}
-
-TEST_F(Link, AResetIsTheLastRecordsOwnFailure)
-{
-    answerWith({});
-    std::shared_ptr<const clsCommMsg> record;
-    later([&] {
-        record = link.queue().records().Item(1);
-        messenger.resetClient();
-    });
-    EXPECT_FALSE(link.LeaveChannel());
-    ASSERT_NE(record, nullptr);
-    EXPECT_EQ(record->RetCode, RetCode::ConnectionReset);
 }
 
 TEST_F(Link, ShutDownReleasesWaitsAndStopsWrites)

@@ -52,12 +52,9 @@ TEST_F(Queue, GivesUpAfterThirtySecondsAndForgetsAfterForty)
     queue.cleanUp(start + 30'999);
     EXPECT_EQ(queue.records().Count(), 2) << "what is finished with goes at once";
     EXPECT_FALSE(unanswered->Terminate);
-
     queue.cleanUp(start + 31'000);
-    EXPECT_TRUE(unanswered->Terminate);
-    EXPECT_EQ(unanswered->RetCode, RetCode::NoReply);
+    EXPECT_TRUE(unanswered->Terminate && unanswered->RetCode == RetCode::NoReply);
     EXPECT_FALSE(answered->Terminate) << "its caller may still read it";
-
     queue.cleanUp(start + 31'050);
     EXPECT_EQ(queue.find(unanswered->MsgKey), nullptr);
     queue.cleanUp(start + 40'999);
@@ -77,10 +74,8 @@ TEST_F(Queue, TheEndOfTheConnection)
     queue.failLast();
     queue.failAll();
     const auto late = queue.add({}, false, start);
-    EXPECT_EQ(answered->RetCode, RetCode::Replied);
-    EXPECT_EQ(waiting->RetCode, RetCode::NotSent);
-    EXPECT_EQ(last->RetCode, RetCode::ConnectionReset);
-    EXPECT_EQ(late->RetCode, RetCode::NotSent);
+    const QList<enum RetCode> codes{answered->RetCode, waiting->RetCode, last->RetCode, late->RetCode};
+    EXPECT_EQ(codes, (QList{RetCode::Replied, RetCode::NotSent, RetCode::ConnectionReset, RetCode::NotSent}));
     EXPECT_TRUE(waiting->Processed && last->Processed && late->Processed && late->Terminate);
     EXPECT_NE(queue.nextToSend(), late);
     RequestQueue().failLast();

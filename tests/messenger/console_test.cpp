@@ -1,10 +1,6 @@
 #include "messenger/console.h"
 #include "messenger/options.h"
-#include "messenger/standard_input.h"
-#include "support/eventually.h"
 #include "world_fixture.h"
-
-#include <unistd.h>
 
 using namespace messenger;
 
@@ -74,25 +70,4 @@ TEST(Options, AreReadAndChecked)
                                u"--guests=5001"_s, u"--bogus"_s, u"word"_s}) {
         EXPECT_FALSE(parse(bad).error.isEmpty()) << bad.toStdString();
     }
-}
-
-TEST(StandardInput, CutsLinesAndLeavesOutEndlessOnes)
-{
-    int ends[2];
-    ASSERT_EQ(pipe(ends), 0);
-    StandardInput input(ends[0]);
-    QStringList lines;
-    int tooLong = 0;
-    QObject::connect(&input, &StandardInput::lineRead, [&](const QString &line) { lines.append(line); });
-    QObject::connect(&input, &StandardInput::lineTooLong, [&] { ++tooLong; });
-    for (const QByteArray &bytes :
-         {QByteArray("one\ntw"), QByteArray("o\n" + QByteArray(20'000, 'x') + "\nthree\nhalf")}) {
-        EXPECT_EQ(write(ends[1], bytes.constData(), static_cast<std::size_t>(bytes.size())), bytes.size());
-    }
-    ASSERT_TRUE(eventually([&] { return lines.size() == 3; }));
-    close(ends[1]);
-    EXPECT_FALSE(eventually([&] { return lines.size() > 3; }, 50));
-    EXPECT_EQ(lines, QStringList({u"one"_s, u"two"_s, u"three"_s}));
-    EXPECT_EQ(tooLong, 1);
-    close(ends[0]);
 }

@@ -8,8 +8,8 @@ using namespace messenger;
 TEST_F(WorldTest, PersonsTakeTheFirstFreePlaceOfTheTable)
 {
     EXPECT_EQ(robin + sasha + noor, u"u1u2u3");
-    forget();
     world.disconnectPerson(sasha);
+    forget();
     EXPECT_EQ(world.connectPerson(), u"u2");
     EXPECT_EQ(told(robin), QStringList(uR"(<USERONLINE nick="Sasha"/>)"_s));
     EXPECT_EQ(told(sasha), QStringList());
@@ -17,8 +17,7 @@ TEST_F(WorldTest, PersonsTakeTheFirstFreePlaceOfTheTable)
         world.connectPerson();
     }
     forget();
-    EXPECT_EQ(world.connectPerson(), u"u101");
-    EXPECT_EQ(world.user(u"u101"_s)->nickname, u"Guest 101");
+    EXPECT_EQ(world.user(world.connectPerson())->nickname, u"Guest 101");
     EXPECT_EQ(told(robin), QStringList()) << "those who are made up are nobody's contacts";
 }
 
@@ -116,12 +115,11 @@ TEST(UsersFile, TakesGoodLinesAndReportsBadOnes)
     const UserTable table = parseUsers(u"# id\tname\r\na1\tAnn\r\n\nb2\tBo & Co\t12\nc3\tCy\t11\t27\n"
                                        "no tabs\nd4\tDi\tx\nd4\tDi\t-1\n\tNobody\na1\tTwice\ng7\tGuest\n"
                                        "e\tE\t1\t2\t3\n"_s);
-    ASSERT_EQ(table.users.size(), 3);
-    EXPECT_EQ(table.users[0].nickname, u"Ann");
-    EXPECT_EQ(table.users[0].status, statusOnline);
-    EXPECT_EQ(table.users[1].status, 12);
-    EXPECT_EQ(table.users[1].mood, moodHappy);
-    EXPECT_EQ(table.users[2].mood, 27);
+    QStringList users;
+    for (const auto &user : table.users) {
+        users += u"%1 %2 %3"_s.arg(user.nickname).arg(user.status).arg(user.mood);
+    }
+    EXPECT_EQ(users, (QStringList{u"Ann 11 7"_s, u"Bo & Co 12 7"_s, u"Cy 11 27"_s}));
     ASSERT_EQ(table.problems.size(), 7);
     for (int line = 6; line <= 12; ++line) {
         EXPECT_TRUE(table.problems[line - 6].startsWith(u"line %1: "_s.arg(line)));

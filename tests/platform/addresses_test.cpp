@@ -41,22 +41,15 @@ TEST(Addresses, HelpOpensAtItsAnchor)
     const QTemporaryDir folder;
     SettingsFile settings;
     settings.FileName = folder.filePath(u"Pylox.ini"_s);
-    ShowHelp(u"using_chat"_s, settings, u"/share"_s, opened);
-    EXPECT_EQ(opened.last.toString(), u"file:///share/help/index.html#using_chat"_s);
+    const auto shown = [&](const QString &anchor) { // none: that of the emoticons
+        anchor.isEmpty() ? ShowEmoticonHelp(settings, u"/share"_s, opened)
+                         : ShowHelp(anchor, settings, u"/share"_s, opened);
+        return opened.last.toString();
+    };
+    EXPECT_EQ(shown(u"using_chat"_s), u"file:///share/help/index.html#using_chat"_s);
+    EXPECT_EQ(shown({}), u"file:///share/help/emoticons.html"_s);
     settings.WriteValue(u"HelpPage"_s, u"https://example.org/help"_s, u"Chat"_s);
-    ShowHelp(u"options"_s, settings, u"/share"_s, opened);
-    EXPECT_EQ(opened.last.toString(), u"https://example.org/help#options"_s);
-
-    ShowEmoticonHelp(settings, u"/share"_s, opened);
-    EXPECT_EQ(opened.last.toString(), u"file:///share/help/emoticons.html"_s);
     settings.WriteValue(u"EmoticonHelpPage"_s, u"https://example.org/faces"_s, u"Chat"_s);
-    ShowEmoticonHelp(settings, u"/share"_s, opened);
-    EXPECT_EQ(opened.last.toString(), u"https://example.org/faces"_s);
-
-    const auto page = readTextFile(QStringLiteral(PYLOX_SOURCE_DIR "/share/help/index.html"));
-    ASSERT_TRUE(page);
-    const QString anchors = u"chat_categories chat_new using_chat options chat_lists chat_privmsg"_s;
-    for (const QString &anchor : anchors.split(u' ')) {
-        EXPECT_TRUE(page->contains(u"id=\""_s + anchor + u'"')) << anchor.toStdString();
-    }
+    EXPECT_EQ(shown(u"options"_s), u"https://example.org/help#options"_s);
+    EXPECT_EQ(shown({}), u"https://example.org/faces"_s);
 }

@@ -7,24 +7,14 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPointer>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
 
 namespace {
 
-/// A window with a tool window of its own, which is the active one.
 struct Boxes : testing::Test
 {
-    void SetUp() override
-    {
-        window.show();
-        tool->show();
-        tool->activateWindow();
-        ASSERT_TRUE(eventually([this] { return tool->isActiveWindow(); }));
-    }
-
     /// Does this as soon as a dialog is open.
     template <typename Dialog, typename Act>
     void whileOpen(const Act &act)
@@ -35,28 +25,25 @@ struct Boxes : testing::Test
         });
     }
 
-    QWidget window;
-    QPointer<QWidget> tool = new QWidget(&window, Qt::Tool);
     MessageBoxes boxes;
 };
 
-TEST_F(Boxes, StandOverAWindowThatStays)
+TEST_F(Boxes, StandOverAWindowThatStaysAndAreRejectedWhenTheirOwnerGoes)
 {
-    whileOpen<QMessageBox>([this](QMessageBox &box) {
-        delete tool;
-        box.button(QMessageBox::Yes)->click();
-    });
-    EXPECT_EQ(boxes.ask(u"?"_s, u"Leave"_s, PromptIcon::Question, PromptButtons::YesNo), PromptAnswer::Yes);
-}
-
-TEST_F(Boxes, AreRejectedWhenTheirOwnerGoes)
-{
-    auto *owner = new QWidget;
-    owner->show();
-    owner->activateWindow();
-    ASSERT_TRUE(eventually([&] { return owner->isActiveWindow(); }));
-    whileOpen<QMessageBox>([&](QMessageBox &) { delete owner; });
-    EXPECT_EQ(boxes.ask(u"?"_s, u"Leave"_s, PromptIcon::Question, PromptButtons::YesNo), PromptAnswer::No);
+    for (const Qt::WindowType type : {Qt::Tool, Qt::Window}) {
+        QWidget window;
+        window.show();
+        auto *active = new QWidget(&window, type);
+        active->show();
+        active->activateWindow();
+        ASSERT_TRUE(eventually([&] { return active->isActiveWindow(); }));
+        whileOpen<QMessageBox>([&](QMessageBox &box) {
+            delete active; // and with it the box, unless that stands over the window
+            type == Qt::Tool ? box.button(QMessageBox::Yes)->click() : void();
+        });
+        EXPECT_EQ(boxes.ask(u"?"_s, u"Leave"_s, PromptIcon::Question, PromptButtons::YesNo),
+                  type == Qt::Tool ? PromptAnswer::Yes : PromptAnswer::No);
+    }
 }
 
 TEST_F(Boxes, AFileIsChosenWithItsEndingAndInAFolderThatIsThere)

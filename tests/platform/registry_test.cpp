@@ -37,40 +37,29 @@ TEST(Registry, GivesAValueByItsTypeOrTheDefault)
     const QString file = folder.filePath(u"Registry.reg"_s);
     ASSERT_TRUE(writeTextFile(file, stored.toString()));
 
-    struct Case
-    {
-        QStringView name;
-        RegistryType type;
-        QVariant value;
-    };
     const QVariant none = u"default"_s;
-    for (const Case &c : {
-             Case{u"Start Page", RegistryType::String, u"http://example.org/?a=\"b\"\\c"_s},
-             {u"start page", RegistryType::String, u"http://example.org/?a=\"b\"\\c"_s},
-             {u"number", RegistryType::Number, 42U},
-             {u"big", RegistryType::BigEndianNumber, 258U},
-             {u"little", RegistryType::Number, 258U},
-             {u"expand", RegistryType::ExpandableString, u"found/%?%"_s},
-             {u"several", RegistryType::MultiString, QString(u"a\0b\0"_s)},
-             {u"bytes", RegistryType::Binary, QByteArray("\x01\xff")},
-             {u"short", RegistryType::None, none},
-             {u"broken", RegistryType::None, none},
-             {u"odd", RegistryType::None, none},
-             {u"absent", RegistryType::None, none},
-         }) {
+    const std::tuple<QString, RegistryType, QVariant> cases[] = {
+        {u"Start Page"_s, RegistryType::String, u"http://example.org/?a=\"b\"\\c"_s},
+        {u"start page"_s, RegistryType::String, u"http://example.org/?a=\"b\"\\c"_s},
+        {u"number"_s, RegistryType::Number, 42U},
+        {u"big"_s, RegistryType::BigEndianNumber, 258U},
+        {u"little"_s, RegistryType::Number, 258U},
+        {u"expand"_s, RegistryType::ExpandableString, u"found/%?%"_s},
+        {u"several"_s, RegistryType::MultiString, QString(u"a\0b\0"_s)},
+        {u"bytes"_s, RegistryType::Binary, QByteArray("\x01\xff")},
+        {u"short"_s, RegistryType::None, none},
+        {u"broken"_s, RegistryType::None, none},
+        {u"odd"_s, RegistryType::None, none},
+        {u"absent"_s, RegistryType::None, none},
+    };
+    for (const auto &[name, type, value] : cases) {
         clsRegistry registry(file);
         registry.SectionKey = u"software\\example"_s;
-        registry.ValueKey = c.name.toString();
+        registry.ValueKey = name;
         registry.Default = none;
-        EXPECT_EQ(registry.Value(), c.value) << c.name.toString().toStdString();
-        EXPECT_EQ(registry.ValueType, c.type) << c.name.toString().toStdString();
+        EXPECT_EQ(registry.Value(), value) << name.toStdString();
+        EXPECT_EQ(registry.ValueType, type) << name.toStdString();
     }
-}
-
-TEST(Registry, IsEmptyWithoutItsFile)
-{
-    clsRegistry registry(u"/nowhere/Registry.reg"_s);
-    EXPECT_FALSE(registry.Value().isValid());
 }
 
 } // namespace

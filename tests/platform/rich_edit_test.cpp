@@ -156,12 +156,12 @@ TEST_F(RichEditTest, FindingGoesUpwardsAndRound)
     box.select(7, 7);
     (void)act(u"Ctrl+F"_s);
     auto *words = box.findChild<QLineEdit *>();
+    const QString first = u"[One] two\none\nthree"_s;
     EXPECT_EQ(act(u"'o"_s, words), u"One tw[o]\none\nthree"_s);
-    EXPECT_EQ(act(u"'n 'e"_s, words), u"[One] two\none\nthree"_s);
-    EXPECT_EQ(act(u"Return Return Return Shift+Return"_s, words), u"[One] two\none\nthree"_s);
+    EXPECT_EQ(act(u"'n 'e"_s, words), first);
+    EXPECT_EQ(act(u"Return Return Return Shift+Return"_s, words), first);
     EXPECT_FALSE(box.findChild<QLabel *>()->isVisible());
-    EXPECT_EQ(act(u"End 's"_s, words), u"[One] two\none\nthree"_s);
-    EXPECT_TRUE(box.findChild<QLabel *>()->isVisible()) << "not found";
+    EXPECT_TRUE(act(u"End 's"_s, words) == first && box.findChild<QLabel *>()->isVisible()) << "not found";
 }
 
 TEST_F(RichEditTest, ManyMessagesBetweenTwoFramesArePaintedOnce)

@@ -13,14 +13,8 @@
 
 namespace {
 
-struct Saved
-{
-    bool saved;
-    int turns; ///< of the event loop, until it was
-};
-
-/// Stops it at that turn; 0 for never.
-Saved save(const RichDocument &document, const QString &path, int stopAt = 0)
+/// Whether it was saved, and the turns of the event loop until then. Stops it at that turn; 0 for never.
+std::pair<bool, int> save(const RichDocument &document, const QString &path, int stopAt = 0)
 {
     QWidget window;
     RtfSaver saver(document.copy(0, document.length()), path, &window);
@@ -43,13 +37,13 @@ TEST(RtfSaver, TheFileAppearsWholeOrNotAtAll)
     const QString path = folder.filePath(u"session.rtf"_s);
     const RichDocument document = documentOf(QStringList(60'000, u"b|a long evening with * and {braces}"_s));
 
-    EXPECT_FALSE(save(document, path, 2).saved);
+    EXPECT_FALSE(save(document, path, 2).first);
     EXPECT_FALSE(QFile::exists(path)) << "it was stopped";
-    EXPECT_FALSE(save(document, folder.filePath(u"none/session.rtf"_s)).saved);
+    EXPECT_FALSE(save(document, folder.filePath(u"none/session.rtf"_s)).first);
 
-    const Saved whole = save(document, path);
-    ASSERT_TRUE(whole.saved);
-    EXPECT_GT(whole.turns, 4) << "others have had their turns meanwhile";
+    const auto [isSaved, turns] = save(document, path);
+    ASSERT_TRUE(isSaved);
+    EXPECT_GT(turns, 4) << "others have had their turns meanwhile";
     RichDocument read;
     ASSERT_TRUE(readRtf(contentOf(path), read).isOk());
     EXPECT_EQ(read.plainText(), document.plainText());

@@ -8,6 +8,8 @@
 #include <QDirIterator>
 #include <QProcess>
 
+#include <algorithm>
+
 namespace {
 
 /// By path, all files below the folder.
@@ -26,15 +28,24 @@ struct SkinTool : testing::Test
 {
     [[nodiscard]] QString path(const QString &name) const { return place.filePath(name); }
 
+    /// Runs a command, whose files are named below the folder of the test, and looks how it ends.
+    Outcome expect(int code, const QString &line) const
+    {
+        QStringList words = line.split(u' ');
+        std::for_each(words.begin() + 1, words.end(), [&](QString &word) { word = path(word); });
+        const Outcome outcome = run(words);
+        EXPECT_EQ(outcome.code, code) << line.toStdString() << ": " << outcome.errors.toStdString();
+        return outcome;
+    }
+
     QTemporaryDir place;
 };
 
 TEST_F(SkinTool, ANewSkinHasNoProblemAndIsReadAsAWhole)
 {
-    EXPECT_EQ(run({u"new"_s, path(u"new"_s)}).code, 0);
-    const Outcome check = run({u"check"_s, path(u"new"_s)});
-    EXPECT_EQ(check.code, 0);
-    EXPECT_TRUE(check.out.endsWith(u"new: no problem found\n"_s)) << check.out.toStdString();
+    (void)expect(0, u"new new"_s);
+    const QString check = expect(0, u"check new"_s).out;
+    EXPECT_TRUE(check.endsWith(u"new: no problem found\n"_s)) << check.toStdString();
     clsMyApp app(place.path());
     app.Skin = path(u"new/skin.toml"_s);
     QStringList notes;
@@ -58,25 +69,27 @@ TEST_F(SkinTool, EveryKeyIsExplained)
 TEST_F(SkinTool, PackingTakesWhatIsNamedAndUnpackingGivesItBack)
 {
     AuthoredFiles files;
-    const QString name = u"pictures/default-button/over-button.png"_s;
     files.replaceLine("\"Over Button\"", "\"Over Button\" = 'pictures\\default-button\\.\\over-button.png'");
+    files.replaceLine("BackGround", "BackGround = '\u00E9.png'");
+    files.file(u"\u00E9.png"_s) = encoded(plain({1, 1}, 0));
+    files.remove(u"pictures/menu/back-ground.png"_s);
+    files.remove(u"pictures/menu/back-ground@2x.png"_s);
     files.writeFolder(path(u"a"_s));
     const auto before = filesIn(path(u"a"_s));
     writeFile(path(u"a/drawing.xcf"_s), "not named");
     writeFile(path(u"a/pictures/old.png"_s), "not named");
 
-    ASSERT_EQ(run({u"pack"_s, path(u"a"_s), path(u"a.skn"_s)}).code, 0);
-    ASSERT_EQ(run({u"unpack"_s, path(u"a.skn"_s), path(u"b/c"_s)}).code, 0);
+    for (const QString &line :
+         {u"pack a a.skn"_s, u"unpack a.skn b/c"_s, u"pack b/c/skin.toml b.skn"_s, u"pack a.skn c.skn"_s}) {
+        (void)expect(0, line);
+    }
     EXPECT_EQ(filesIn(path(u"b/c"_s)), before);
-    ASSERT_EQ(run({u"pack"_s, path(u"b/c/skin.toml"_s), path(u"b.skn"_s)}).code, 0);
-    ASSERT_EQ(run({u"pack"_s, path(u"a.skn"_s), path(u"c.skn"_s)}).code, 0);
     EXPECT_EQ(contentOf(path(u"a.skn"_s)), contentOf(path(u"b.skn"_s)));
     EXPECT_EQ(contentOf(path(u"a.skn"_s)), contentOf(path(u"c.skn"_s)));
+    EXPECT_EQ(skinArchive({{u"a"_s, "1"}, {u"b"_s, "2"}}), skinArchive({{u"b"_s, "2"}, {u"a"_s, "1"}}));
 
-    ASSERT_TRUE(QFile::remove(path(u"a/"_s + name)));
-    const Outcome packed = run({u"pack"_s, path(u"a"_s), path(u"a.skn"_s)});
-    EXPECT_EQ(packed.code, 0);
-    EXPECT_TRUE(packed.errors.contains(u"over-button.png is not there"_s)) << packed.errors.toStdString();
+    ASSERT_TRUE(QFile::remove(path(u"a/pictures/default-button/over-button.png"_s)));
+    EXPECT_TRUE(expect(0, u"pack a a.skn"_s).errors.contains(u"over-button.png is not there"_s));
 }
 
 TEST_F(SkinTool, WhatCouldNotBeOpenedAgainIsNotPacked)
@@ -87,84 +100,74 @@ TEST_F(SkinTool, WhatCouldNotBeOpenedAgainIsNotPacked)
         {lineTo("BackGround = '/etc/passwd'"), u"absolute"_s},
         {drawn(u"menu/back-ground"_s, 4097, 1), u"larger than 4096"_s},
         {[](AuthoredFiles &f) {
-             f.replaceLine("BackGround", "BackGround = 'A.png'");
-             f.replaceLine("Password", "Password = 'a.png'");
-             f.file(u"A.png"_s) = f.file(u"a.png"_s) = encoded(plain({1, 1}, 0));
+             f.replaceLine("BackGround", "BackGround = '\u00C9.png'");
+             f.replaceLine("Password", "Password = '\u00E9.png'");
+             f.file(u"\u00C9.png"_s) = f.file(u"\u00E9.png"_s) = encoded(plain({1, 1}, 0));
          },
-         u"a.png: the name is there twice"_s},
+         u".png: the name is there twice"_s},
         {[](AuthoredFiles &f) { f.remove(u"skin.toml"_s); }, u"no skin.toml"_s},
     };
     writeFile(path(u"a.skn"_s), "as it was");
     for (const auto &[spoil, reason] : cases) {
+        SCOPED_TRACE(reason.toStdString());
         AuthoredFiles files;
         spoil(files);
-        const QString folder = path(reason);
-        files.writeFolder(folder);
-        const Outcome packed = run({u"pack"_s, folder, path(u"a.skn"_s)});
-        EXPECT_EQ(packed.code, 1) << reason.toStdString();
-        EXPECT_TRUE(packed.errors.contains(reason))
-            << reason.toStdString() << " <- " << packed.errors.toStdString();
+        QDir(path(u"a"_s)).removeRecursively();
+        files.writeFolder(path(u"a"_s));
+        const QString errors = expect(1, u"pack a a.skn"_s).errors;
+        EXPECT_TRUE(errors.contains(reason)) << errors.toStdString();
         EXPECT_EQ(contentOf(path(u"a.skn"_s)), "as it was");
     }
-    EXPECT_EQ(run({u"pack"_s, path(u"none"_s), path(u"b.skn"_s)}).code, 1);
-    EXPECT_EQ(run({u"new"_s, path(u"c"_s)}).code, 0);
-    EXPECT_EQ(run({u"pack"_s, path(u"c"_s), path(u"none/b.skn"_s)}).code, 1);
+    (void)expect(1, u"pack none b.skn"_s);
+    (void)expect(0, u"new c"_s);
+    (void)expect(1, u"pack c none/b.skn"_s);
 }
 
 TEST_F(SkinTool, FoldersAreWrittenAsAWholeOrLeftAlone)
 {
     const QByteArray good = AuthoredFiles().archive();
-    const auto archive = [&](const QString &name, const QByteArray &bytes) {
-        writeFile(path(name), bytes);
-        return path(name);
-    };
-    const QString whole = archive(u"a.skn"_s, good);
-    QByteArray out = good;
-    out.replace("pictures/menu/back-ground.png", "../tures/menu/back-ground.png");
     QByteArray damaged = good;
     damaged[damaged.indexOf("IHDR", damaged.size() / 2)] = 'i';
-    const QByteArray blocked =
-        skinArchive({{u"skin.toml"_s, "a = 1"}, {u"a"_s, "a file"}, {u"a/b"_s, "in the file"}});
-
-    for (const QString &file : {archive(u"b.skn"_s, out), archive(u"c.skn"_s, damaged),
-                                archive(u"d.skn"_s, blocked), path(u"none.skn"_s)}) {
-        const Outcome unpacked = run({u"unpack"_s, file, path(u"folder"_s)});
-        EXPECT_EQ(unpacked.code, 1) << file.toStdString();
+    writeFile(path(u"good.skn"_s), good);
+    writeFile(path(u"damaged.skn"_s), damaged);
+    writeFile(path(u"out.skn"_s), QByteArray(good).replace("pictures/menu/back-g", "../tures/menu/back-g"));
+    writeFile(path(u"blocked.skn"_s), skinArchive({{u"skin.toml"_s, "a = 1"}, {u"a"_s, {}}, {u"a/b"_s, {}}}));
+    for (const QString &name : {u"damaged"_s, u"out"_s, u"blocked"_s, u"none"_s}) {
+        const Outcome unpacked = expect(1, u"unpack "_s + name + u".skn folder");
         EXPECT_TRUE(unpacked.errors.startsWith(u"pylox-skin: "_s));
-        EXPECT_TRUE(filesIn(path(u"folder"_s)).isEmpty()) << file.toStdString();
+        EXPECT_TRUE(filesIn(path(u"folder"_s)).isEmpty()) << name.toStdString();
     }
-    ASSERT_TRUE(QDir().mkpath(path(u"full"_s)));
+    ASSERT_TRUE(QDir().mkpath(path(u"full"_s)) && QDir().mkpath(path(u"empty"_s)));
     writeFile(path(u"full/.mine"_s), "mine");
     writeFile(path(u"file"_s), "mine");
-    for (const QString &folder : {path(u"full"_s), path(u"file"_s), path(u"file/below"_s)}) {
-        EXPECT_EQ(run({u"new"_s, folder}).code, 1) << folder.toStdString();
-        EXPECT_EQ(run({u"unpack"_s, whole, folder}).code, 1) << folder.toStdString();
+    for (const QString &folder : {u"full"_s, u"file"_s, u"file/below"_s}) {
+        (void)expect(1, u"new "_s + folder);
+        (void)expect(1, u"unpack good.skn "_s + folder);
     }
     EXPECT_EQ(filesIn(path(u"full"_s)).keys(), QStringList{u".mine"_s});
-    ASSERT_TRUE(QDir().mkpath(path(u"empty"_s)));
-    EXPECT_EQ(run({u"unpack"_s, whole, path(u"empty"_s)}).code, 0);
+    (void)expect(0, u"unpack good.skn empty"_s);
 }
 
 TEST_F(SkinTool, WrongCommandLinesAreExplained)
 {
-    const std::pair<QStringList, QString> cases[] = {
+    const std::pair<QString, QString> cases[] = {
         {{}, u"a command is needed"_s},
-        {{u"chekc"_s, u"a"_s}, u"there is no command \"chekc\""_s},
-        {{u"--bogus"_s}, u"there is no command"_s},
-        {{u"check"_s}, u"check takes 1"_s},
-        {{u"check"_s, u"a"_s, u"b"_s}, u"check takes 1"_s},
-        {{u"pack"_s, u"a"_s}, u"pack takes 2"_s},
-        {{u"check"_s, u"--fast"_s}, u"check has no option --fast"_s},
-        {{u"check"_s, u"a"_s, u"--scale"_s, u"2"_s}, u"no option --scale"_s},
-        {{u"preview"_s, u"a"_s, u"b"_s, u"--scale"_s}, u"--scale is 1, 1.5 or 2"_s},
-        {{u"preview"_s, u"a"_s, u"b"_s, u"--scale"_s, u"3"_s}, u"--scale is 1, 1.5 or 2"_s},
-        {{u"preview"_s, u"a"_s, u"--scale"_s, u"2"_s}, u"preview takes 2"_s},
+        {u"chekc a"_s, u"there is no command \"chekc\""_s},
+        {u"--bogus"_s, u"there is no command"_s},
+        {u"check"_s, u"check takes 1"_s},
+        {u"check a b"_s, u"check takes 1"_s},
+        {u"pack a"_s, u"pack takes 2"_s},
+        {u"check --fast"_s, u"check has no option --fast"_s},
+        {u"check a --scale 2"_s, u"no option --scale"_s},
+        {u"preview a b --scale"_s, u"--scale is 1, 1.5 or 2"_s},
+        {u"preview a b --scale 3"_s, u"--scale is 1, 1.5 or 2"_s},
+        {u"preview a --scale 2"_s, u"preview takes 2"_s},
     };
-    for (const auto &[arguments, error] : cases) {
-        const Outcome outcome = run(arguments);
-        EXPECT_EQ(outcome.code, 2) << error.toStdString();
-        EXPECT_TRUE(outcome.errors.contains(error))
-            << error.toStdString() << " <- " << outcome.errors.toStdString();
+    for (const auto &[line, error] : cases) {
+        SCOPED_TRACE(line.toStdString());
+        const Outcome outcome = run(line.split(u' ', Qt::SkipEmptyParts));
+        EXPECT_EQ(outcome.code, 2);
+        EXPECT_TRUE(outcome.errors.contains(error)) << outcome.errors.toStdString();
         EXPECT_EQ(outcome.out, QString());
     }
     for (const QStringList &arguments : {QStringList{u"--help"_s}, QStringList{u"check"_s, u"--help"_s}}) {
@@ -176,28 +179,22 @@ TEST_F(SkinTool, WrongCommandLinesAreExplained)
 TEST_F(SkinTool, TheProgramDrawsPreviewsAtTheirScale)
 {
     AuthoredFiles().writeFolder(path(u"a"_s));
-    const auto preview = [&](const QStringList &more) {
+    const auto preview = [&](const QString &skin, const QString &file, const QStringList &more, int code) {
         QProcess program;
         program.start(QStringLiteral(PYLOX_BIN_DIR "/pylox-skin"),
-                      QStringList{u"preview"_s, path(u"a"_s), path(u"a.png"_s)} + more);
+                      QStringList{u"preview"_s, path(skin), path(file)} + more);
         EXPECT_TRUE(program.waitForFinished(30000));
-        EXPECT_EQ(program.exitCode(), 0) << program.readAllStandardError().toStdString();
-        return QImage(path(u"a.png"_s));
+        EXPECT_EQ(program.exitCode(), code) << program.readAllStandardError().toStdString();
+        return QImage(path(file));
     };
-    const QImage once = preview({});
-    EXPECT_GT(once.width(), 600);
-    EXPECT_GT(once.height(), 800);
+    const QImage once = preview(u"a"_s, u"a.png"_s, {}, 0);
+    EXPECT_TRUE(once.width() > 600 && once.height() > 800);
     EXPECT_EQ(once.pixelColor(once.width() - 1, 0), QColor(0x5b, 0x7c, 0x99));
     EXPECT_EQ(once.pixelColor(40, 30), QColor(0xdd, 0xe4, 0xee)) << "the title strip of the skin";
-    const QImage finer = preview({u"--scale"_s, u"1.5"_s});
+    const QImage finer = preview(u"a"_s, u"a.png"_s, {u"--scale"_s, u"1.5"_s}, 0);
     EXPECT_NEAR(finer.width(), 1.5 * once.width(), 0.05 * finer.width());
     EXPECT_EQ(finer.pixelColor(60, 45), QColor(0xdd, 0xe4, 0xee));
-
-    QProcess program;
-    program.start(QStringLiteral(PYLOX_BIN_DIR "/pylox-skin"),
-                  {u"preview"_s, path(u"none"_s), path(u"b.png"_s)});
-    EXPECT_TRUE(program.waitForFinished(30000));
-    EXPECT_EQ(program.exitCode(), 1);
+    (void)preview(u"none"_s, u"b.png"_s, {}, 1);
     EXPECT_FALSE(QFile::exists(path(u"b.png"_s)));
 }
 
@@ -209,12 +206,12 @@ TEST_F(SkinTool, TheReferenceIsInTheDocumentation)
         << "bring it up to date: pylox-skin keys docs/skin-format.md";
 
     writeFile(path(u"a.md"_s), "before\n<!-- keys -->\nold\n<!-- end of keys -->\nafter\n");
-    ASSERT_EQ(run({u"keys"_s, path(u"a.md"_s)}).code, 0);
-    EXPECT_EQ(
-        QString::fromUtf8(contentOf(path(u"a.md"_s))),
-        QString(u"before\n<!-- keys -->\n\n"_s + run({u"keys"_s}).out + u"\n<!-- end of keys -->\nafter\n"));
+    (void)expect(0, u"keys a.md"_s);
+    const QString keys =
+        u"before\n<!-- keys -->\n\n"_s + run({u"keys"_s}).out + u"\n<!-- end of keys -->\nafter\n";
+    EXPECT_EQ(QString::fromUtf8(contentOf(path(u"a.md"_s))), keys);
     writeFile(path(u"b.md"_s), "no place");
-    EXPECT_EQ(run({u"keys"_s, path(u"b.md"_s)}).code, 1);
+    (void)expect(1, u"keys b.md"_s);
     EXPECT_EQ(contentOf(path(u"b.md"_s)), "no place");
 }
 
