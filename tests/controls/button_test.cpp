@@ -3,11 +3,11 @@
 #include "skin/clsSkinResourceNew.h"
 #include "skin/written_skin.h"
 #include "support/eventually.h"
+#include "support/input.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QEnterEvent>
-#include <QKeyEvent>
 
 #include <map>
 
@@ -15,8 +15,13 @@ namespace {
 
 constexpr QSize frameSize(20, 10);
 
-/// The pictures of the states by letters: Normal, Clicked, Disabled, HasFocus, Latched, and the frames of
-/// Over counted by 1 to 9 and a to z. Each is of one colour, which is the letter itself.
+/// The states by letters: Normal, Clicked, Disabled, HasFocus, Latched, and the frames of Over counted by
+/// 1 to 9 and a to z. The picture of each is of one colour, which is the letter itself.
+ButtonState stateOf(QChar letter)
+{
+    const qsizetype number = u"NDC HO L"_s.indexOf(letter); // in the order of their numbers
+    return number < 0 ? ButtonState::Over : static_cast<ButtonState>(number);
+}
 QImage pictureFor(QChar letter, QSize size = frameSize)
 {
     return plain(size, qRgb(10, 20, letter.unicode()));
@@ -25,14 +30,6 @@ QChar letterAt(const QImage &image, int x, int y)
 {
     const QRgb pixel = image.isNull() ? 0 : image.pixel(x, y);
     return qRed(pixel) == 10 && qGreen(pixel) == 20 ? QChar(qBlue(pixel)) : u'?';
-}
-ButtonState stateOf(QChar letter)
-{
-    static const std::map<QChar, ButtonState> states = {
-        {u'N', ButtonState::Normal},   {u'C', ButtonState::Clicked}, {u'D', ButtonState::Disabled},
-        {u'H', ButtonState::HasFocus}, {u'L', ButtonState::Down},    {u'O', ButtonState::Overlay}};
-    const auto state = states.find(letter);
-    return state == states.end() ? ButtonState::Over : state->second;
 }
 
 struct ButtonTest : testing::Test
@@ -66,20 +63,17 @@ struct ButtonTest : testing::Test
         Event event(arguments...);
         QCoreApplication::sendEvent(&button, &event);
     }
-    void mouse(QEvent::Type type, QPointF place, Qt::MouseButton which, Qt::MouseButtons held)
-    {
-        send<QMouseEvent>(type, place, place, which, held, Qt::NoModifier);
-    }
     void act(const QString &what)
     {
         const QPointF in(5, 5);
         const std::map<QString, std::function<void()>> acts = {
             {u"enter"_s, [&] { send<QEnterEvent>(in, in, in); }},
             {u"leave"_s, [&] { send<QEvent>(QEvent::Leave); }},
-            {u"press"_s, [&] { mouse(QEvent::MouseButtonPress, in, Qt::LeftButton, Qt::LeftButton); }},
-            {u"dragOff"_s, [&] { mouse(QEvent::MouseMove, -in, Qt::NoButton, Qt::LeftButton); }},
-            {u"dragOn"_s, [&] { mouse(QEvent::MouseMove, in, Qt::NoButton, Qt::LeftButton); }},
-            {u"release"_s, [&] { mouse(QEvent::MouseButtonRelease, in, Qt::LeftButton, Qt::NoButton); }},
+            {u"press"_s, [&] { sendMouse(button, QEvent::MouseButtonPress, in); }},
+            {u"dragOff"_s, [&] { sendMouse(button, QEvent::MouseMove, -in, Qt::NoButton); }},
+            {u"dragOn"_s, [&] { sendMouse(button, QEvent::MouseMove, in, Qt::NoButton); }},
+            {u"release"_s,
+             [&] { sendMouse(button, QEvent::MouseButtonRelease, in, Qt::LeftButton, Qt::NoButton); }},
             {u"focus"_s,
              [&] {
                  button.activateWindow();
@@ -269,21 +263,21 @@ TEST_F(ButtonTest, IsPressedByMouseKeysAndAssistivePrograms)
     EXPECT_EQ(clicks, 0);
     act(u"release"_s);
     EXPECT_EQ(clicks, 1);
-    const auto key = [&](QEvent::Type type, Qt::Key code, bool isRepeated = false) {
-        send<QKeyEvent>(type, code, Qt::NoModifier, QString(), isRepeated);
-    };
     int expected = 1;
-    for (const Qt::Key code : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
-        key(QEvent::KeyPress, code);
-        EXPECT_EQ(shown(), u'C');
-        key(QEvent::KeyRelease, code);
+    const auto expectClick = [&](const std::string &by) {
         ++expected;
-        EXPECT_TRUE(eventually([&] { return clicks == expected; })) << code;
+        EXPECT_TRUE(eventually([&] { return clicks == expected; })) << by;
+    };
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        send<QKeyEvent>(QEvent::KeyPress, key, Qt::NoModifier);
+        EXPECT_EQ(shown(), u'C');
+        send<QKeyEvent>(QEvent::KeyRelease, key, Qt::NoModifier);
+        expectClick(std::to_string(key));
         EXPECT_EQ(shown(), u'N');
     }
+    QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&button);
     for (const bool latched : {false, true}) {
         button.setLatched(latched);
-        QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&button);
         EXPECT_TRUE(heard->state().checkable);
         EXPECT_EQ(heard->state().checked, latched);
         QStringList actions = heard->actionInterface()->actionNames();
@@ -291,29 +285,23 @@ TEST_F(ButtonTest, IsPressedByMouseKeysAndAssistivePrograms)
         EXPECT_TRUE(actions.contains(QAccessibleActionInterface::pressAction()));
         for (const QString &action : actions) {
             heard->actionInterface()->doAction(action);
-            ++expected;
-            EXPECT_TRUE(eventually([&] { return clicks == expected; })) << action.toStdString();
+            expectClick(action.toStdString());
         }
         EXPECT_EQ(button.Down(), latched) << "latching is the owner's";
     }
-    key(QEvent::KeyPress, Qt::Key_A);
-    key(QEvent::KeyPress, Qt::Key_Return, true);
+    send<QKeyEvent>(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier);
+    send<QKeyEvent>(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true); // held down
     button.setEnabled(false);
-    act(u"press"_s);
-    act(u"release"_s);
-    key(QEvent::KeyPress, Qt::Key_Return);
+    clickAt(button, {5, 5});
+    pressKey(button, Qt::Key_Return);
     EXPECT_FALSE(eventually([&] { return clicks != expected; }, 200));
 }
 
 TEST_F(ButtonTest, ANewSkinForgetsTheOldOne)
 {
-    QImage mask = plain(frameSize, qRgb(0, 0, 0));
-    QRegion shape(QRect(QPoint(), frameSize));
-    for (const QPoint corner : {QPoint(0, 0), QPoint(19, 9), QPoint(7, 3)}) {
-        mask.setPixel(corner, qRgb(255, 255, 255));
-        shape -= QRect(corner, QSize(1, 1));
-    }
-    mask.setPixel(9, 9, qRgb(254, 255, 255)); // not quite white
+    QImage mask = plain(frameSize, qRgb(254, 255, 255)); // not quite white
+    mask.setPixel(7, 3, qRgb(255, 255, 255));
+    const QRegion shape = QRegion(QRect(QPoint(), frameSize)) - QRect(7, 3, 1, 1);
     for (const bool clears : {false, true}) {
         give(u'N');
         button.SetSkin(ButtonState::Mask, bitmapOf(mask));
@@ -335,21 +323,24 @@ TEST_F(ButtonTest, ANewSkinForgetsTheOldOne)
 /// A skin with the pictures of every kind of button.
 void writeButtons(WrittenSkin &skin)
 {
-    const auto set = [&](const QString &section, const QString &keys, const QString &names) {
-        for (const QString &name : names.split(u' ')) {
-            const QChar letter = name == u"Over" ? u'1' : name == u"Down" ? u'L' : name[0];
-            skin.set(section, QString(keys).replace(u'%', name),
-                     name == u"Mask" ? plain(frameSize, 0xFF000001) : pictureFor(letter));
-        }
+    const QString three = u"Normal Over Clicked"_s;
+    const QString six = three + u" Disabled HasFocus Mask";
+    const QString seven = six + u" Down";
+    const std::tuple<QString, QString, QString> groups[] = {
+        {u"Default Button"_s, u"%1 Button"_s, six},
+        {u"Chat Rooms"_s, u"%1 Send Button"_s, six},
+        {u"Chat Rooms"_s, u"%1 BIU Button"_s, seven},
+        {u"Add Friend Window"_s, u"%1SelectButton"_s, seven},
+        {u"Messaging Window"_s, u"%1InfoMsgButton"_s, six},
+        {u"Defaults"_s, u"%1SysMin"_s, three},
     };
-    const QString six = u"Normal Over Clicked Disabled HasFocus Mask"_s;
-    const QString seven = QString(six % u" Down");
-    set(u"Default Button"_s, u"% Button"_s, six);
-    set(u"Chat Rooms"_s, u"% Send Button"_s, six);
-    set(u"Chat Rooms"_s, u"% BIU Button"_s, seven);
-    set(u"Add Friend Window"_s, u"%SelectButton"_s, seven);
-    set(u"Messaging Window"_s, u"%InfoMsgButton"_s, six);
-    set(u"Defaults"_s, u"%SysMin"_s, u"Normal Over Clicked"_s);
+    for (const auto &[section, key, states] : groups) {
+        for (const QString &state : states.split(u' ')) {
+            const QChar letter = state == u"Over" ? u'1' : state == u"Down" ? u'L' : state[0];
+            skin.set(section, key.arg(state),
+                     state == u"Mask" ? plain(frameSize, 0xFF000001) : pictureFor(letter));
+        }
+    }
     QImage overlay = pictureFor(u'O', {4, 4});
     overlay.setPixel(0, 0, fuchsia);
     skin.set(u"Chat Rooms"_s, u"Italic Overlay"_s, overlay);

@@ -13,8 +13,10 @@ struct FrameTest : testing::Test
     void setPieces(const std::array<QSize, 9> &sizes)
     {
         for (std::size_t i = 0; i < sizes.size(); ++i) {
-            pieces[i] = sizes[i].isEmpty() ? QImage() : motley(sizes[i], static_cast<unsigned>(i), 4);
-            frame.SetSkin(static_cast<FramePiece>(i), pieces[i].isNull() ? nullptr : bitmapOf(pieces[i]));
+            const QImage piece = motley(sizes[i], static_cast<unsigned>(i), 4);
+            frame.SetSkin(static_cast<FramePiece>(i), piece.isNull() ? nullptr : bitmapOf(piece));
+            pieces[i] = plain(sizes[i], behind);
+            paste(pieces[i], withoutFuchsia(piece), {});
         }
     }
 
@@ -30,19 +32,10 @@ struct FrameTest : testing::Test
     QImage expected() const
     {
         QImage image = plain(frame.size(), ground);
-        const auto place = [&](std::size_t piece, int left, int top) {
-            for (int i = 0; i < pieces[piece].width() * pieces[piece].height(); ++i) {
-                const QPoint in(i % pieces[piece].width(), i / pieces[piece].width());
-                const QRgb pixel = pieces[piece].pixel(in);
-                if (const QPoint to = QPoint(left, top) + in; image.valid(to)) {
-                    image.setPixel(to, pixel == fuchsia || qAlpha(pixel) == 0 ? behind : pixel);
-                }
-            }
-        };
         const auto tile = [&](std::size_t piece, QSize area, QPoint start) {
             for (int x = 0; x < area.width() && !pieces[piece].isNull(); x += pieces[piece].width()) {
                 for (int y = 0; y < area.height(); y += pieces[piece].height()) {
-                    place(piece, start.x() + x, start.y() + y);
+                    paste(image, pieces[piece], start + QPoint(x, y));
                 }
             }
         };
@@ -53,16 +46,16 @@ struct FrameTest : testing::Test
         tile(3, {1, bottom}, {0, 0});
         tile(4, {1, bottom}, {right - pieces[4].width(), 0});
         tile(6, {right, 1}, {0, bottom - pieces[6].height()});
-        place(0, 0, 0);
-        place(2, right - pieces[2].width(), 0);
-        place(5, 0, bottom - pieces[5].height());
-        place(7, right - pieces[7].width(), bottom - pieces[7].height());
+        tile(0, {1, 1}, {0, 0});
+        tile(2, {1, 1}, {right - pieces[2].width(), 0});
+        tile(5, {1, 1}, {0, bottom - pieces[5].height()});
+        tile(7, {1, 1}, {right - pieces[7].width(), bottom - pieces[7].height()});
         return image;
     }
 
     QWidget parent;
     SkinFrame frame{&parent};
-    std::array<QImage, 9> pieces;
+    std::array<QImage, 9> pieces; ///< as they are seen
 };
 
 } // namespace

@@ -72,10 +72,9 @@ double difference(const QImage &one, const QImage &other, const QRect &area)
         const QPoint at = area.topLeft() + QPoint(i % area.width(), i / area.width());
         const QColor a = one.pixelColor(at);
         const QColor b = other.pixelColor(at);
-        differing += std::max({std::abs(a.red() - b.red()), std::abs(a.green() - b.green()),
-                               std::abs(a.blue() - b.blue())}) > mostDiffering
-                         ? 1
-                         : 0;
+        const int most = std::max(
+            {std::abs(a.red() - b.red()), std::abs(a.green() - b.green()), std::abs(a.blue() - b.blue())});
+        differing += most > mostDiffering ? 1 : 0;
     }
     return double(differing) / (area.width() * area.height());
 }

@@ -3,6 +3,7 @@
 #include "skin/skin_catalogue.h"
 #include "support/eventually.h"
 #include "support/input.h"
+#include "support/pictures.h"
 #include "support/text.h"
 
 #include <QPointer>
@@ -17,8 +18,7 @@ constexpr QSize pictureSize(20, 16);
 ImageList pictures(int count)
 {
     ImageList list;
-    QImage picture(pictureSize, QImage::Format_RGB32);
-    picture.fill(Qt::red);
+    const QImage picture = plain(pictureSize, 0xFFFF0000);
     for (const SkinKey &key :
          findSkinSection(u"Chat Room Smileys")->keys.first(static_cast<std::size_t>(count))) {
         list.add(key.name.toString(), picture);
@@ -48,18 +48,13 @@ struct Palette : testing::Test
 
 TEST(EmoticonGrids, LeaveOneCellMoreThanPictures)
 {
-    struct Case
-    {
-        int pictures, columns, rows;
-    };
-    for (const Case &c : {Case{0, 1, 1}, Case{1, 2, 1}, Case{2, 3, 1}, Case{5, 3, 2}, Case{6, 3, 3},
-                          Case{8, 3, 3}, Case{31, 6, 6}}) {
-        const EmoticonGrid grid = MeasureEmoticons(pictures(c.pictures));
-        EXPECT_EQ(grid.count, c.pictures);
-        EXPECT_EQ(grid.columns, c.columns) << c.pictures;
-        EXPECT_EQ(grid.rows, c.rows) << c.pictures;
-        const QSize cell = c.pictures == 0 ? QSize(0, 0) : pictureSize;
-        EXPECT_EQ(grid.client(), QSize((cell.width() + 2) * c.columns + 4, (cell.height() + 2) * c.rows + 4));
+    const std::tuple<int, int, int> cases[] = {{0, 1, 1}, {1, 2, 1}, {2, 3, 1}, {5, 3, 2},
+                                               {6, 3, 3}, {8, 3, 3}, {31, 6, 6}};
+    for (const auto &[count, columns, rows] : cases) {
+        const EmoticonGrid grid = MeasureEmoticons(pictures(count));
+        EXPECT_EQ(std::tuple(grid.count, grid.columns, grid.rows), std::tuple(count, columns, rows));
+        const QSize cell = count == 0 ? QSize(2, 2) : QSize(22, 18);
+        EXPECT_EQ(grid.client(), QSize(cell.width() * columns + 4, cell.height() * rows + 4)) << count;
     }
 }
 

@@ -1,31 +1,29 @@
 #include "richtext/dump.h"
 #include "richtext/rtf_reader.h"
 #include "richtext/rtf_writer.h"
+#include "support/files.h"
+#include "support/pictures.h"
 #include "support/text.h"
 
-#include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
 namespace {
 
-/// Has LibreOffice read a file's bytes and write them in another format; empty when that fails.
+/// Has LibreOffice read a file's bytes and write them in another format.
 QByteArray convert(const QByteArray &bytes, const QString &from, const QString &to)
 {
     const QTemporaryDir folder;
-    QFile source(folder.filePath(u"text."_s + from));
-    if (!source.open(QIODevice::WriteOnly) || source.write(bytes) != bytes.size()) {
-        return {};
-    }
-    source.close();
+    const QString source = folder.filePath(u"text."_s + from);
+    writeFile(source, bytes);
     // "timeout" ends all that was started, not only the script that starts it.
-    const int failed = QProcess::execute(
-        u"timeout"_s, {u"--signal=KILL"_s, u"25"_s, u"soffice"_s,
-                       u"-env:UserInstallation=file://"_s + folder.filePath(u"profile"_s), u"--headless"_s,
-                       u"--convert-to"_s, to, u"--outdir"_s, folder.filePath(u"out"_s), source.fileName()});
-    QFile result(folder.filePath(u"out/text."_s + to));
-    return failed == 0 && result.open(QIODevice::ReadOnly) ? result.readAll() : QByteArray();
+    EXPECT_EQ(0, QProcess::execute(u"timeout"_s,
+                                   {u"--signal=KILL"_s, u"25"_s, u"soffice"_s,
+                                    u"-env:UserInstallation=file://"_s + folder.filePath(u"profile"_s),
+                                    u"--headless"_s, u"--convert-to"_s, to, u"--outdir"_s,
+                                    folder.filePath(u"out"_s), source}));
+    return contentOf(folder.filePath(u"out/text."_s + to));
 }
 
 /// The last picture of a text; null for none.
@@ -43,40 +41,15 @@ QImage pictureOf(const RichDocument &document)
 /// A bit of everything that can be seen of a text.
 RichDocument sample()
 {
+    const QString rtf = uR"({\rtf1{\fonttbl{\f0 DejaVu Sans;}}
+{\colortbl;\red255\green255\blue0;\red32\green64\blue128;\red160\green240\blue224;\red0\green0\blue255;}
+\f0\fs20\sb80{\b bold}{\i  italic}{\ul  line}{\strike  struck}{\highlight1  on yellow}{\cf2\highlight3  both}
+ \{a\\b\}; \\par\tab \u233?\line next\par
+{\cf4 \u1605?\u1585?\u1581?\u1576?\u1575? \u20320?\u22909? \u-10179?\u-8704?
+{\pict{\*\picprop{\sp{\sn wzDescription}{\sv :-\}}}}\pngblip %1}}end})"_s;
     RichDocument document;
-    TextFormat plain;
-    plain.font = document.fontNumber(u"DejaVu Sans"_s);
-    plain.halfPoints = 20;
-    const auto number = [&](auto change) {
-        TextFormat format = plain;
-        change(format);
-        return document.formatNumber(format);
-    };
-    ParagraphFormat stand;
-    stand.spaceBefore = 80;
-    const quint16 standNumber = document.paragraphFormatNumber(stand);
-    ParagraphBuilder builder;
-    builder.append(u"bold", number([](TextFormat &format) { format.bold = true; }));
-    builder.append(u" italic", number([](TextFormat &format) { format.italic = true; }));
-    builder.append(u" line", number([](TextFormat &format) { format.underline = true; }));
-    builder.append(u" struck", number([](TextFormat &format) { format.strikeOut = true; }));
-    builder.append(u" on yellow", number([](TextFormat &format) { format.background = 0x00FFFF; }));
-    builder.append(u" both", number([](TextFormat &format) {
-                       format.colour = 0x804020;
-                       format.background = 0xE0F0A0;
-                   }));
-    builder.append(u" {a\\b}; \\par\t\u00E9\u2028next", document.formatNumber(plain));
-    document.replaceLast(builder.take(standNumber));
-
-    const auto square = std::make_shared<Picture>();
-    square->image = QImage(20, 20, QImage::Format_ARGB32_Premultiplied);
-    square->image.fill(QColor(0, 160, 64));
-    square->code = u":-}"_s;
-    const quint16 blue = number([](TextFormat &format) { format.colour = 0xFF0000; });
-    builder.append(u"\u0645\u0631\u062D\u0628\u0627 \u4F60\u597D \U0001F600", blue);
-    builder.appendPicture(document.pictureNumber(square), blue);
-    builder.append(u"end", document.formatNumber(plain));
-    document.appendParagraph(builder.take(standNumber));
+    EXPECT_TRUE(
+        readRtf(rtf.arg(QString::fromLatin1(encoded(plain({20, 20}, 0xFF00A040)).toHex())), document).isOk());
     return document;
 }
 
