@@ -62,21 +62,21 @@ TEST(Colours, RtfEntriesInversesAndSystemColours)
 
 TEST(CommandLine, OptionsAreFoundAnywhereInTheLine)
 {
-    const std::tuple<QString, std::optional<QString>, std::optional<qint32>, QString, bool> cases[] = {
-        {u""_s, {}, {}, u""_s, false},
-        {u"-port5190~-cid42-cnmLounge~-showcat"_s, u"5190"_s, 42, u"Lounge"_s, true},
-        {u"-showcat -cid 42 -cnmTwo words~ -port 5190~"_s, u" 5190"_s, 42, u"Two words"_s, true},
-        {u"-port5190"_s, {}, {}, u""_s, false},
-        {u"-port~5190~"_s, {}, {}, u""_s, false},
-        {u"-cid"_s, {}, 0, u""_s, false},
-        {u"-cid7x -cnmno end"_s, {}, 7, u"no end"_s, false},
+    using Options = std::tuple<std::optional<QString>, std::optional<qint32>, QString, bool>;
+    const std::pair<QString, Options> cases[] = {
+        // the line; port, room, its name, whether the categories are shown
+        {u""_s, {{}, {}, u""_s, false}},
+        {u"-port5190~-cid42-cnmLounge~-showcat"_s, {u"5190"_s, 42, u"Lounge"_s, true}},
+        {u"-showcat -cid 42 -cnmTwo words~ -port 5190~"_s, {u" 5190"_s, 42, u"Two words"_s, true}},
+        {u"-port5190"_s, {{}, {}, u""_s, false}},
+        {u"-port~5190~"_s, {{}, {}, u""_s, false}},
+        {u"-cid"_s, {{}, 0, u""_s, false}},
+        {u"-cid7x -cnmno end"_s, {{}, 7, u"no end"_s, false}},
     };
-    for (const auto &[text, port, room, name, categories] : cases) {
+    for (const auto &[text, options] : cases) {
         const CommandLine line(text.split(u' '));
-        EXPECT_EQ(line.portText(), port) << text.toStdString();
-        EXPECT_EQ(line.roomId(), room) << text.toStdString();
-        EXPECT_EQ(line.roomName(), name) << text.toStdString();
-        EXPECT_EQ(line.showCategories(), categories) << text.toStdString();
+        EXPECT_EQ(Options(line.portText(), line.roomId(), line.roomName(), line.showCategories()), options)
+            << text.toStdString();
     }
 }
 

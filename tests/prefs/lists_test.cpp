@@ -142,7 +142,6 @@ TEST_F(ListsDialog, AddsAUserByHand)
 TEST_F(ListsDialog, ButtonsHaveSignsWhereTheSkinHasPicturesForThem)
 {
     const auto captions = [this] {
-        windows.changeSkin();
         expectComposed(*dialog);
         return QString(find<SkinButton>(*dialog, u"smdAdd"_s).Caption() % u' ' %
                        find<SkinButton>(*dialog, u"smdRemove"_s).Caption());
@@ -150,16 +149,14 @@ TEST_F(ListsDialog, ButtonsHaveSignsWhereTheSkinHasPicturesForThem)
     list.setCurrentItem(list.topLevelItem(1));
     EXPECT_EQ(captions(), u"Add Remove"_s);
     written.set(u"Default Button"_s, u"Normal Button"_s, plain({80, 24}, 0xFF204060));
-    written.write();
-    ASSERT_TRUE(skin.change());
+    wear();
     EXPECT_EQ(captions(), u"Add Remove"_s);
     EXPECT_EQ(find<QWidget>(*dialog, u"smdAdd"_s).size(), QSize(80, 24));
 
     written.set(u"Chat Rooms"_s, u"Normal BIU Button"_s, plain({26, 25}, 0xFF603020));
     written.set(u"Chat Rooms"_s, u"Down BIU Button"_s, plain({26, 25}, 0xFF102030));
     written.set(u"Chat Rooms"_s, u"Mask BIU Button"_s, plain({13, 25}, 0xFF000000));
-    written.write();
-    ASSERT_TRUE(skin.change());
+    wear();
     EXPECT_EQ(captions(), u"+ -"_s);
     const auto &add = find<SkinButton>(*dialog, u"smdAdd"_s);
     EXPECT_EQ(add.size(), QSize(26, 25));

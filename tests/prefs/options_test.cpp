@@ -247,9 +247,7 @@ TEST_F(OptionsDialog, IsComposedWithEveryFontAndSkinAndLosesNothingInBetween)
         written.set(u"Default Button"_s, state, plain({40, 20}, 0xFF305070));
     }
     written.set(u"Defaults"_s, u"FormForeColour"_s, u"'#e0e0e0'"_s); // and all grounds are black
-    written.write();
-    ASSERT_TRUE(skin.change());
-    windows.changeSkin();
+    wear();
     look();
     click(dialog(), u"smcType_0"_s);
     find<Swatch>(dialog(), u"lblColour_3"_s).setColour(0);

@@ -27,6 +27,14 @@ struct PrefsFixture : testing::Test
         return readTextFile(QString(written.app.Path() % name)).value_or(QString());
     }
 
+    /// What has been written is the skin, and every window has it.
+    void wear()
+    {
+        written.write();
+        ASSERT_TRUE(skin.change());
+        windows.changeSkin();
+    }
+
     /// Runs as soon as events go on: inside the dialog that the next step opens.
     template <typename Action>
     static void next(Action action)

@@ -30,15 +30,7 @@ const QString sentAt = u"\t05 Mar, 2026 12:16:40 PM\n"_s; // by the clock of the
 /// A private window and its controls by their names.
 struct Shown
 {
-    explicit Shown(QWidget *shown)
-        : window(shown),
-          rtfConv(window->findChild<RichEdit *>(u"rtfConv"_s)),
-          txtMsg(window->findChild<MessageEdit *>(u"txtMsg"_s)),
-          lblSplit(window->findChild<SplitStrip *>(u"lblSplit"_s)),
-          picSplit(window->findChild<SplitStrip *>(u"picSplit"_s)),
-          smdSend(button(u"smdSend"_s)),
-          smdClose(button(u"smdClose"_s))
-    {}
+    explicit Shown(QWidget *shown) : window(shown) {}
 
     [[nodiscard]] SkinButton *button(const QString &name) const
     {
@@ -55,12 +47,12 @@ struct Shown
     }
 
     QPointer<QWidget> window;
-    RichEdit *rtfConv;
-    MessageEdit *txtMsg;
-    SplitStrip *lblSplit;
-    SplitStrip *picSplit;
-    SkinButton *smdSend;
-    SkinButton *smdClose;
+    RichEdit *rtfConv = window->findChild<RichEdit *>(u"rtfConv"_s);
+    MessageEdit *txtMsg = window->findChild<MessageEdit *>(u"txtMsg"_s);
+    SplitStrip *lblSplit = window->findChild<SplitStrip *>(u"lblSplit"_s);
+    SplitStrip *picSplit = window->findChild<SplitStrip *>(u"picSplit"_s);
+    SkinButton *smdSend = button(u"smdSend"_s);
+    SkinButton *smdClose = button(u"smdClose"_s);
 };
 
 struct PrivateWindowsTest : LinkFixture
@@ -216,11 +208,7 @@ TEST_F(PrivateWindowsTest, AWindowMayBeClosedWhileItWaits)
         QTimer::singleShot(0, [&] { bob.smdClose->click(); });
         QTimer::singleShot(300, [&] {
             EXPECT_TRUE(bob.window != nullptr && titles().isEmpty());
-            if (arrives) {
-                messenger.send(u"<ACKSM/>"_s, u"C1"_s);
-            } else {
-                messenger.closeClient();
-            }
+            arrives ? messenger.send(u"<ACKSM/>"_s, u"C1"_s) : messenger.closeClient();
         });
         bob.enter();
         EXPECT_TRUE(eventually([&] { return bob.window == nullptr; }));

@@ -9,8 +9,7 @@ namespace {
 
 const QString connectionClosed = u"SERVER: The connection to Pylox has been closed!"_s;
 
-struct Faults : RoomFixture
-{};
+using Faults = RoomFixture;
 
 struct Breakdown
 {
@@ -18,6 +17,7 @@ struct Breakdown
     QString during; ///< the request that the messenger goes at
     bool reset;     ///< and not closed
     std::function<void(Faults &)> act;
+    std::optional<bool> asOwner = {}; ///< of the room that the user is in; none: the user is in no room
 };
 
 struct ConnectionEnds : Faults, testing::WithParamInterface<Breakdown>
@@ -28,6 +28,9 @@ TEST_P(ConnectionEnds, EveryWaitEndsAndTheWayOutStaysOpen)
     answerBadly(GetParam().during,
                 [this] { GetParam().reset ? messenger.resetClient() : messenger.closeClient(); });
     text->setText(u"typed"_s);
+    if (const auto owner = GetParam().asOwner) {
+        enter(*owner);
+    }
     GetParam().act(*this);
     EXPECT_TRUE(eventually([this] { return shown(connectionClosed) == 1; }));
     EXPECT_TRUE(isInNoRoom());
@@ -44,21 +47,10 @@ const Breakdown breakdowns[] = {
     {"Joining", u"<REQUESTJOINCHANNEL"_s, false, [](Faults &room) { EXPECT_FALSE(room.join()); }},
     {"TellingOfTheJoin", u"<NOTIFYJOINCHANNEL"_s, true, [](Faults &room) { EXPECT_TRUE(room.join()); }},
     {"FetchingTheContents", u"<GETCHANNELCONTENTS"_s, false, [](Faults &room) { EXPECT_TRUE(room.join()); }},
-    {"Sending", u"<CMSG"_s, true,
-     [](Faults &room) {
-         room.enter();
-         room.send();
-     }},
-    {"Leaving", u"<LEAVECHANNEL"_s, false,
-     [](Faults &room) {
-         room.enter();
-         room.window.lifecycle().LeaveRoom(true);
-     }},
-    {"GoingOut", u"<DESTROYCHANNEL"_s, false,
-     [](Faults &room) {
-         room.enter(true);
-         room.press(u"smdExit"_s);
-     }},
+    {"Sending", u"<CMSG"_s, true, [](Faults &room) { room.send(); }, false},
+    {"Leaving", u"<LEAVECHANNEL"_s, false, [](Faults &room) { room.window.lifecycle().LeaveRoom(true); },
+     false},
+    {"GoingOut", u"<DESTROYCHANNEL"_s, false, [](Faults &room) { room.press(u"smdExit"_s); }, true},
 };
 
 INSTANTIATE_TEST_SUITE_P(Room, ConnectionEnds, testing::ValuesIn(breakdowns),
@@ -236,17 +228,10 @@ TEST_F(Faults, TheWayOutDoesNotWaitForAQuestion)
     EXPECT_TRUE(exited && asked(u"<LEAVECHANNEL"_s) == 1);
 }
 
-/// A stranger's id and name, and how the name is to be seen.
-struct Stranger
-{
-    QString id;
-    QString name;
-    QString seen;
-};
-
 TEST_F(Faults, NamesAndIdsOfStrangersAreShownAndNeverObeyed)
 {
-    const Stranger strangers[] = {
+    const std::tuple<QString, QString, QString> strangers[] = {
+        // id, name, how the name is to be seen
         {u"u2"_s, u"Bob"_s, u"Bob"_s},
         {u"u3"_s, u"Bob"_s, u"Bob"_s},
         {u"with a space"_s, u"<b>"_s, u"<b>"_s},
@@ -324,9 +309,7 @@ TEST_F(Faults, EveryPrivateMessageOfAFloodArrivesOnceAndInOrder)
     QByteArray flood;
     for (int at = 0; at < 3000; ++at) {
         sent += u"<SMSG>%1\u0001<EMOT>%1\u0001"_s.arg(at);
-        flood += event(u"<RCMSG cid=\"99\" id=\"u5\" tid=\"u1\">" + EscapeXML(sent.last()) + u"</RCMSG>")
-                     .toUtf8() +
-                 '\0';
+        flood += framed(u"<RCMSG cid=\"99\" id=\"u5\" tid=\"u1\">" + EscapeXML(sent.last()) + u"</RCMSG>");
     }
     const QObject here;
     QObject::connect(&window, &frmMain::privateMessageReceived, &here,
@@ -351,7 +334,7 @@ TEST_F(Faults, ABurstOfMessagesWhileTheUserWritesAndReads)
     for (int at = 0; at < count; ++at) {
         const QString words = u"line %1 of a long evening and so on"_s.arg(at);
         lines += u"Bob: " + words;
-        burst += event(u"<RCMSG cid=\"12\" id=\"u2\">\\<SMSG\\>" + words + u"\u0001</RCMSG>").toUtf8() + '\0';
+        burst += framed(u"<RCMSG cid=\"12\" id=\"u2\">\\<SMSG\\>" + words + u"\u0001</RCMSG>");
     }
     messenger.sendRaw(burst);
     QString typed;
@@ -385,9 +368,7 @@ TEST_F(Faults, AThousandJoinsAreDrawnOnceAFrame)
     enter();
     QByteArray joins;
     for (int at = 0; at < 1000; ++at) {
-        joins += event(u"<KCC cid=\"12\" r=\"0\"><E id=\"m%1\" nm=\"Member %1\" p=\"1\"/></KCC>"_s.arg(at))
-                     .toUtf8() +
-                 '\0';
+        joins += framed(u"<KCC cid=\"12\" r=\"0\"><E id=\"m%1\" nm=\"Member %1\" p=\"1\"/></KCC>"_s.arg(at));
     }
     int draws = 0;
     const QObject here;

@@ -83,6 +83,9 @@ struct RoomFixture : LinkFixture
         return asked;
     }
 
+    /// An unsolicited message as it is on the wire, for many at once.
+    static QByteArray framed(const QString &payload) { return event(payload).toUtf8() + '\0'; }
+
     /// An unsolicited message, handled when this returns.
     void receive(const QString &payload)
     {
