@@ -33,7 +33,7 @@ struct SkinTool : testing::Test
     {
         QStringList words = line.split(u' ');
         std::for_each(words.begin() + 1, words.end(), [&](QString &word) { word = path(word); });
-        const Outcome outcome = run(words);
+        Outcome outcome = run(words);
         EXPECT_EQ(outcome.code, code) << line.toStdString() << ": " << outcome.errors.toStdString();
         return outcome;
     }
