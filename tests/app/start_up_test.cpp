@@ -113,7 +113,7 @@ TEST_F(StartUp, DetailsOfAnotherNameLeaveTheUserUnknown)
     EXPECT_TRUE(chat->window()->isVisible());
 }
 
-TEST_F(StartUp, ASkinThatChangesWhileTheDetailsAreAwaitedIsWornWhole)
+TEST_F(StartUp, ASkinThatChangesMeanwhileIsWornWhole)
 {
     const auto write = [this](const QString &name, const QString &back) {
         const QString path = folder.filePath(name);
@@ -123,17 +123,23 @@ TEST_F(StartUp, ASkinThatChangesWhileTheDetailsAreAwaitedIsWornWhole)
     };
     const QString first = write(u"first"_s, u"#102030"_s);
     const QString second = write(u"second"_s, u"#405060"_s);
+    const QString change = u"<MSG><V mk=\"MSG\"/><SKINCHANGE value=\"%1\"/></MSG>"_s.arg(second);
     messenger.answersStartUp = false;
-    messenger.answerBy([=](const QString &request) {
-        const QString answer = u"<MSG><V mk=\"{key}\"/>%1</MSG>"_s;
-        return request == u"<GETSKIN/>"
-                   ? QStringList{answer.arg(u"<SKIN value=\"%1\"/>"_s.arg(first))}
-                   : QStringList{u"<MSG><V mk=\"MSG\"/><SKINCHANGE value=\"%1\"/></MSG>"_s.arg(second),
-                                 answer.arg(u"<MYDETAILS id=\"u1\" nick=\"Ann\" s=\"11\" m=\"7\"/>"_s)};
-    });
-    const auto chat = program({portOfMessenger()});
-    ASSERT_TRUE(chat->Main());
-    EXPECT_EQ(chat->window()->palette().color(QPalette::Window), QColor(0x40, 0x50, 0x60));
+    for (const bool behindTheSkin : {true, false}) { // else before the details
+        SCOPED_TRACE(behindTheSkin);
+        messenger.answerBy([=](const QString &request) {
+            const QString answer = u"<MSG><V mk=\"{key}\"/>%1</MSG>"_s;
+            if (request == u"<GETSKIN/>") {
+                const QString skin = answer.arg(u"<SKIN value=\"%1\"/>"_s.arg(first));
+                return behindTheSkin ? QStringList{skin, change} : QStringList{skin};
+            }
+            const QString details = answer.arg(u"<MYDETAILS id=\"u1\" nick=\"Ann\" s=\"11\" m=\"7\"/>"_s);
+            return behindTheSkin ? QStringList{details} : QStringList{change, details};
+        });
+        const auto chat = program({portOfMessenger()});
+        ASSERT_TRUE(chat->Main());
+        EXPECT_EQ(chat->window()->palette().color(QPalette::Window), QColor(0x40, 0x50, 0x60));
+    }
 }
 
 QWidget *shown(const QString &name)
