@@ -43,13 +43,10 @@ bool Program::Main()
         return fail(QStringLiteral("Messenger not found"),
                     QStringLiteral("Could not connect to Pylox Messenger."));
     }
-    const QString skin = m_link->RetrieveSkin();
-    if (skin.isEmpty()) {
+    m_myApp.Skin = m_link->RetrieveSkin();
+    if (m_myApp.Skin.isEmpty()) {
         return fail(QStringLiteral("No skin found"),
                     QStringLiteral("Error loading skin for Pylox Chat Client."));
-    }
-    if (m_myApp.Skin.isEmpty()) { // else it changed while the answer was on its way
-        m_myApp.Skin = skin;
     }
     loadSkin();
     if (!retrieveDetails()) {

@@ -113,7 +113,7 @@ TEST_F(StartUp, DetailsOfAnotherNameLeaveTheUserUnknown)
     EXPECT_TRUE(chat->window()->isVisible());
 }
 
-TEST_F(StartUp, ASkinThatChangesMeanwhileIsWornWhole)
+TEST_F(StartUp, TheAnswerNamesTheSkinAndAChangeAfterItIsWornWhole)
 {
     const auto write = [this](const QString &name, const QString &back) {
         const QString path = folder.filePath(name);
@@ -125,20 +125,21 @@ TEST_F(StartUp, ASkinThatChangesMeanwhileIsWornWhole)
     const QString second = write(u"second"_s, u"#405060"_s);
     const QString change = u"<MSG><V mk=\"MSG\"/><SKINCHANGE value=\"%1\"/></MSG>"_s.arg(second);
     messenger.answersStartUp = false;
-    for (const bool behindTheSkin : {true, false}) { // else before the details
-        SCOPED_TRACE(behindTheSkin);
+    for (const bool beforeTheSkin : {true, false}) { // else before the details
+        SCOPED_TRACE(beforeTheSkin);
         messenger.answerBy([=](const QString &request) {
             const QString answer = u"<MSG><V mk=\"{key}\"/>%1</MSG>"_s;
             if (request == u"<GETSKIN/>") {
                 const QString skin = answer.arg(u"<SKIN value=\"%1\"/>"_s.arg(first));
-                return behindTheSkin ? QStringList{skin, change} : QStringList{skin};
+                return beforeTheSkin ? QStringList{change, skin} : QStringList{skin};
             }
             const QString details = answer.arg(u"<MYDETAILS id=\"u1\" nick=\"Ann\" s=\"11\" m=\"7\"/>"_s);
-            return behindTheSkin ? QStringList{details} : QStringList{change, details};
+            return beforeTheSkin ? QStringList{details} : QStringList{change, details};
         });
         const auto chat = program({portOfMessenger()});
         ASSERT_TRUE(chat->Main());
-        EXPECT_EQ(chat->window()->palette().color(QPalette::Window), QColor(0x40, 0x50, 0x60));
+        EXPECT_EQ(chat->window()->palette().color(QPalette::Window),
+                  beforeTheSkin ? QColor(0x10, 0x20, 0x30) : QColor(0x40, 0x50, 0x60));
     }
 }
 
